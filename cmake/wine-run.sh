@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# Runs a Windows program of the build under Wine: the emulator of the Windows build's tests.
+# The Wine prefix lives under the build folder and is created once, under a lock, with the fonts and
+# registry settings our dialogs need. Needs an X display for anything that opens a window.
+set -euo pipefail
+
+exe=${1:?usage: wine-run.sh program.exe [args...]}
+if [[ -z "${WINEPREFIX:-}" ]]; then
+  dir=$(cd "$(dirname "$exe")" && pwd)
+  while [[ "$dir" != / && ! -f "$dir/CMakeCache.txt" ]]; do dir=$(dirname "$dir"); done
+  [[ -f "$dir/CMakeCache.txt" ]] || dir=${TMPDIR:-/tmp}/regvane
+  export WINEPREFIX="$dir/wineprefix"
+fi
+export WINEDEBUG=${WINEDEBUG:--all}
+export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-"mscoree,mshtml="}
+wine=/usr/lib/wine/wine64
+wineserver=/usr/lib/wine/wineserver
+
+mkdir -p "$(dirname "$WINEPREFIX")"
+(
+  flock 9
+  if [[ ! -f "$WINEPREFIX/.regvane-ready" ]]; then
+    rm -rf "$WINEPREFIX"
+    mkdir -p "$WINEPREFIX/drive_c/windows/Fonts"
+    cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+    "$wine" wineboot -i >/dev/null 2>&1 || true
+    # No window manager under Xvfb: without this, destroying a shown window waits for one.
+    "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d N /f >/dev/null 2>&1
+    "$wineserver" -w
+    touch "$WINEPREFIX/.regvane-ready"
+  fi
+  # Start the session's wineserver with its output detached: it outlives this program, and a
+  # wineserver holding the caller's stderr makes ctest wait for it after every test.
+) 9>"$WINEPREFIX.lock"
+# Start (or touch) the session with its output detached: wineserver and the Wine services outlive
+# this program, and anything of theirs holding the caller's stdout or stderr makes the caller (ctest,
+# a pipe) wait for them after every run.
+"$wineserver" -p300 </dev/null >/dev/null 2>&1 || true
+"$wine" cmd.exe /c exit </dev/null >/dev/null 2>&1 || true
+exec "$wine" "$@"

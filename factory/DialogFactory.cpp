@@ -1,0 +1,3 @@
+#include "factory/DialogFactory.h"
+
+CDialog* CreateChipDialog(int chipType, IRegvane* chip, const wchar_t* caption, HWND parent) { return nullptr; }

@@ -1,0 +1,34 @@
+#include "framework/Translate.h"
+
+#include <windows.h>
+
+#include <cwchar>
+#include <set>
+#include <string>
+
+void CTranslate::TranslateDialog(HWND dialog, unsigned templateId, const wchar_t* section) const {
+    if (!dialog)
+        return;
+    const std::wstring name = section ? std::wstring(section) : std::to_wstring(templateId);
+    std::set<std::wstring> done;
+    for (const LanguageFile* file : {&m_primary, &m_fallback}) {
+        const auto* entries = file->Section(name);
+        if (!entries)
+            continue;
+        for (const auto& [key, text] : *entries) {
+            std::wstring folded = key;
+            CharLowerBuffW(folded.data(), static_cast<DWORD>(folded.size()));
+            if (!done.insert(folded).second)
+                continue; // the primary file's text wins
+            if (_wcsicmp(key.c_str(), L"Caption") == 0) {
+                SetWindowTextW(dialog, text.c_str());
+                continue;
+            }
+            wchar_t* end = nullptr;
+            const long id = std::wcstol(key.c_str(), &end, 10);
+            if (end && *end == L'\0' && end != key.c_str())
+                if (HWND item = GetDlgItem(dialog, static_cast<int>(id)))
+                    SetWindowTextW(item, text.c_str());
+        }
+    }
+}

@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Builds everything and runs every test: the portable code natively (with ASan/UBSan), then the
+# Windows module and its pages under Wine inside one Xvfb.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+scripts/install-deps.sh
+jobs=$(nproc)
+
+cmake --preset native >/dev/null
+cmake --build --preset native -j "$jobs"
+cmake --preset windows >/dev/null
+cmake --build --preset windows -j "$jobs"
+
+status=0
+ctest --preset native -j "$jobs" || status=1
+
+# One Wine session for the whole run, stopped at the end so nothing outlives the tests.
+export WINEPREFIX=$PWD/build/windows/wineprefix
+run_windows_tests() {
+  if [[ -n "${DISPLAY:-}" && -z "${REGVANE_FORCE_XVFB:-}" ]]; then
+    ctest --preset windows -j 2
+  else
+    xvfb-run -a -s "-screen 0 1280x1024x24" ctest --preset windows -j 2
+  fi
+}
+run_windows_tests || status=1
+/usr/lib/wine/wineserver -k 2>/dev/null || true
+
+if [[ $status -eq 0 ]]; then echo "regvane: all tests passed"; else echo "regvane: some tests FAILED"; fi
+exit $status
