@@ -60,8 +60,9 @@ CDialog::~CDialog() {
 
 BOOL CDialog::Create(UINT templateId, HWND parent) {
     static const bool controlsRegistered = [] {
-        INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX),
-                                     ICC_BAR_CLASSES | ICC_UPDOWN_CLASS | ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES};
+        INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), ICC_BAR_CLASSES | ICC_UPDOWN_CLASS |
+                                                                       ICC_STANDARD_CLASSES |
+                                                                       ICC_LISTVIEW_CLASSES};
         return ::InitCommonControlsEx(&classes) != FALSE;
     }();
     (void)controlsRegistered;

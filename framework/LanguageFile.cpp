@@ -2,7 +2,6 @@
 
 #include "framework/StdioFileEx.h"
 
-
 namespace {
 
 std::wstring FoldCase(std::wstring_view s) {
@@ -87,7 +86,8 @@ void LanguageFile::Parse(std::wstring_view text) {
     }
 }
 
-const std::vector<std::pair<std::wstring, std::wstring>>* LanguageFile::Section(std::wstring_view section) const {
+const std::vector<std::pair<std::wstring, std::wstring>>*
+LanguageFile::Section(std::wstring_view section) const {
     const auto it = m_sections.find(FoldCase(section));
     return it == m_sections.end() ? nullptr : &it->second.entries;
 }

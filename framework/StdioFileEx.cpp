@@ -8,7 +8,9 @@ std::FILE* OpenFileWide(const std::wstring& path, const wchar_t* mode) {
 #endif
 }
 
-CStdioFileEx::~CStdioFileEx() { Close(); }
+CStdioFileEx::~CStdioFileEx() {
+    Close();
+}
 
 bool CStdioFileEx::Open(const std::wstring& path, unsigned flags) {
     Close();

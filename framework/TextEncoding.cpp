@@ -18,15 +18,17 @@ void AppendCodePoint(std::wstring& out, char32_t cp) {
     out.push_back(static_cast<wchar_t>(cp));
 }
 
-bool IsSurrogate(char32_t cp) { return cp >= 0xD800 && cp <= 0xDFFF; }
+bool IsSurrogate(char32_t cp) {
+    return cp >= 0xD800 && cp <= 0xDFFF;
+}
 
 } // namespace
 
 TextEncoding DetectEncoding(std::string_view b) {
     if (b.size() >= 2 && static_cast<unsigned char>(b[0]) == 0xFF && static_cast<unsigned char>(b[1]) == 0xFE)
         return TextEncoding::Utf16Le;
-    if (b.size() >= 3 && static_cast<unsigned char>(b[0]) == 0xEF && static_cast<unsigned char>(b[1]) == 0xBB &&
-        static_cast<unsigned char>(b[2]) == 0xBF)
+    if (b.size() >= 3 && static_cast<unsigned char>(b[0]) == 0xEF &&
+        static_cast<unsigned char>(b[1]) == 0xBB && static_cast<unsigned char>(b[2]) == 0xBF)
         return TextEncoding::Utf8Bom;
     return TextEncoding::Utf8;
 }
@@ -88,7 +90,8 @@ std::wstring Utf16LeToWide(std::string_view b) {
     std::wstring out;
     out.reserve(b.size() / 2);
     auto unitAt = [&](std::size_t k) {
-        return static_cast<char16_t>(static_cast<unsigned char>(b[k]) | (static_cast<unsigned char>(b[k + 1]) << 8));
+        return static_cast<char16_t>(static_cast<unsigned char>(b[k]) |
+                                     (static_cast<unsigned char>(b[k + 1]) << 8));
     };
     for (std::size_t k = 0; k + 1 < b.size(); k += 2) {
         const char16_t u = unitAt(k);

@@ -5,11 +5,17 @@
 #include "module/LanguageSwitch.h"
 #include "module/ModuleState.h"
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD, LPVOID) { return TRUE; }
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD, LPVOID) {
+    return TRUE;
+}
 
-extern "C" void InitRegvane(IRegvaneCallback* callback) { SetHostCallback(callback); }
+extern "C" void InitRegvane(IRegvaneCallback* callback) {
+    SetHostCallback(callback);
+}
 
-extern "C" void RegvaneLanguageChanged() { SwitchLanguage(); }
+extern "C" void RegvaneLanguageChanged() {
+    SwitchLanguage();
+}
 
 extern "C" CDialog* CreateRegvaneWnd(int chipType, IRegvane* chip, const wchar_t* caption, CWnd* parent) {
     return CreateChipDialog(chipType, chip, caption, parent ? parent->GetSafeHwnd() : nullptr);

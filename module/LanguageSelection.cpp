@@ -57,5 +57,6 @@ std::wstring LanguageFilePath(std::wstring_view executablePath, std::wstring_vie
 
 LanguagePaths LanguagePathsFor(std::wstring_view executablePath, int index) {
     const LanguageFileNames names = LanguageFilesForIndex(index);
-    return {LanguageFilePath(executablePath, names.primary), LanguageFilePath(executablePath, names.fallback)};
+    return {LanguageFilePath(executablePath, names.primary),
+            LanguageFilePath(executablePath, names.fallback)};
 }

@@ -4,9 +4,13 @@ namespace {
 IRegvaneCallback* g_hostCallback = nullptr;
 }
 
-IRegvaneCallback* HostCallback() { return g_hostCallback; }
+IRegvaneCallback* HostCallback() {
+    return g_hostCallback;
+}
 
-void SetHostCallback(IRegvaneCallback* callback) { g_hostCallback = callback; }
+void SetHostCallback(IRegvaneCallback* callback) {
+    g_hostCallback = callback;
+}
 
 CTranslate& Translator() {
     static CTranslate translator;

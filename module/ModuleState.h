@@ -9,4 +9,6 @@ void SetHostCallback(IRegvaneCallback* callback);
 CTranslate& Translator();
 
 // Shorthand for the dialogs: the translation of a string id.
-inline std::wstring Tr(std::wstring_view id) { return Translator().TranslateString(id); }
+inline std::wstring Tr(std::wstring_view id) {
+    return Translator().TranslateString(id);
+}

@@ -14,14 +14,12 @@ void RecordInto(std::vector<HostCall>& log, std::string name, std::vector<std::i
     log.push_back(std::move(call));
 }
 
-template <std::size_t N>
-void CopyOut(const std::array<std::uint8_t, N>& image, std::uint8_t* out) {
+template <std::size_t N> void CopyOut(const std::array<std::uint8_t, N>& image, std::uint8_t* out) {
     if (out)
         std::memcpy(out, image.data(), N);
 }
 
-template <std::size_t N>
-void CopyIn(std::array<std::uint8_t, N>& image, const std::uint8_t* in) {
+template <std::size_t N> void CopyIn(std::array<std::uint8_t, N>& image, const std::uint8_t* in) {
     if (in)
         std::memcpy(image.data(), in, N);
 }
@@ -64,7 +62,8 @@ std::string HostCall::ToString() const {
     return text;
 }
 
-SimulatedChip::SimulatedChip(std::uint16_t type, std::uint16_t subType) : chipType(type), chipSubType(subType) {}
+SimulatedChip::SimulatedChip(std::uint16_t type, std::uint16_t subType)
+    : chipType(type), chipSubType(subType) {}
 
 void SimulatedChip::Record(std::string name, std::vector<std::int64_t> args, const std::uint8_t* bytes,
                            std::size_t size) {
@@ -80,7 +79,8 @@ std::vector<std::string> SimulatedChip::CallNames(bool includeReads) const {
 }
 
 int SimulatedChip::CountCalls(const std::string& name) const {
-    return static_cast<int>(std::count_if(log.begin(), log.end(), [&](const HostCall& c) { return c.name == name; }));
+    return static_cast<int>(
+        std::count_if(log.begin(), log.end(), [&](const HostCall& c) { return c.name == name; }));
 }
 
 std::uint16_t SimulatedChip::GetChipType() {
@@ -91,7 +91,9 @@ std::uint16_t SimulatedChip::GetChipSubType() {
     Record("GetChipSubType");
     return chipSubType;
 }
-void SimulatedChip::MarkModified() { Record("MarkModified"); }
+void SimulatedChip::MarkModified() {
+    Record("MarkModified");
+}
 int SimulatedChip::UpdateHostState(int scope, int flags) {
     Record("UpdateHostState", {scope, flags});
     return updateHostStateResult;
@@ -108,7 +110,9 @@ void SimulatedChip::SetChipParam(int value) {
     Record("SetChipParam", {value});
     chipParam = static_cast<std::uint16_t>(value);
 }
-void SimulatedChip::EnableChipParam(int enable) { Record("EnableChipParam", {enable}); }
+void SimulatedChip::EnableChipParam(int enable) {
+    Record("EnableChipParam", {enable});
+}
 
 void SimulatedChip::GetRegData(std::uint8_t* block) {
     CopyOut(regData, block);
@@ -162,24 +166,36 @@ int SimulatedChip::GetSliderValue() {
     Record("GetSliderValue");
     return sliderValue;
 }
-void SimulatedChip::BeginChipAccess() { Record("BeginChipAccess"); }
+void SimulatedChip::BeginChipAccess() {
+    Record("BeginChipAccess");
+}
 RegvaneFunctionTable2* SimulatedChip::GetFunctionTable2() {
     Record("GetFunctionTable2");
     return &functionTable2;
 }
-void SimulatedChip::EndChipAccess() { Record("EndChipAccess"); }
-void SimulatedChip::NotifyHost(int code, int flag) { Record("NotifyHost", {code, flag}); }
-void SimulatedChip::SetModified(int flag) { Record("SetModified", {flag}); }
+void SimulatedChip::EndChipAccess() {
+    Record("EndChipAccess");
+}
+void SimulatedChip::NotifyHost(int code, int flag) {
+    Record("NotifyHost", {code, flag});
+}
+void SimulatedChip::SetModified(int flag) {
+    Record("SetModified", {flag});
+}
 RegvaneFunctionTable3* SimulatedChip::GetFunctionTable3() {
     Record("GetFunctionTable3");
     return &functionTable3;
 }
-void SimulatedChip::CommitChipAccess() { Record("CommitChipAccess"); }
+void SimulatedChip::CommitChipAccess() {
+    Record("CommitChipAccess");
+}
 RegvaneFunctionTable* SimulatedChip::GetFunctionTable() {
     Record("GetFunctionTable");
     return &functionTable;
 }
-void SimulatedChip::ApplyChip() { Record("ApplyChip"); }
+void SimulatedChip::ApplyChip() {
+    Record("ApplyChip");
+}
 const char* SimulatedChip::GetChipModelName() {
     Record("GetChipModelName");
     return modelName.c_str();
@@ -209,16 +225,26 @@ std::int32_t SimulatedHostCallback::QueryHostState(std::intptr_t a, std::intptr_
     RecordInto(log, "QueryHostState", {a, b, c}, nullptr, 0);
     return hostState;
 }
-void SimulatedHostCallback::Reserved1() { RecordInto(log, "Reserved1", {}, nullptr, 0); }
+void SimulatedHostCallback::Reserved1() {
+    RecordInto(log, "Reserved1", {}, nullptr, 0);
+}
 void SimulatedHostCallback::PostHostCommand(std::uint16_t command, std::intptr_t param, std::uint8_t flag,
                                             std::uint8_t byte1, std::uint8_t byte2, std::uint16_t word1,
                                             std::uint16_t word2) {
     RecordInto(log, "PostHostCommand", {command, param, flag, byte1, byte2, word1, word2}, nullptr, 0);
 }
-void SimulatedHostCallback::Reserved3() { RecordInto(log, "Reserved3", {}, nullptr, 0); }
-void SimulatedHostCallback::Reserved4() { RecordInto(log, "Reserved4", {}, nullptr, 0); }
-void SimulatedHostCallback::Reserved5() { RecordInto(log, "Reserved5", {}, nullptr, 0); }
-void SimulatedHostCallback::Reserved6() { RecordInto(log, "Reserved6", {}, nullptr, 0); }
+void SimulatedHostCallback::Reserved3() {
+    RecordInto(log, "Reserved3", {}, nullptr, 0);
+}
+void SimulatedHostCallback::Reserved4() {
+    RecordInto(log, "Reserved4", {}, nullptr, 0);
+}
+void SimulatedHostCallback::Reserved5() {
+    RecordInto(log, "Reserved5", {}, nullptr, 0);
+}
+void SimulatedHostCallback::Reserved6() {
+    RecordInto(log, "Reserved6", {}, nullptr, 0);
+}
 int SimulatedHostCallback::GetLanguage() {
     RecordInto(log, "GetLanguage", {}, nullptr, 0);
     return language;

@@ -92,8 +92,10 @@ public:
     void REGVANE_CALL GetICND3069ParamRows(RegvaneParamRowList* rows) override;
     void REGVANE_CALL SetICND3069ParamRows(RegvaneParamRowList* rows) override;
 
-#define REGVANE_SIMULATED_PLACEHOLDER(n)                                                                      \
-    void REGVANE_CALL Slot##n() override { Record("Slot" #n); }
+#define REGVANE_SIMULATED_PLACEHOLDER(n)                                                                     \
+    void REGVANE_CALL Slot##n() override {                                                                   \
+        Record("Slot" #n);                                                                                   \
+    }
     REGVANE_PLACEHOLDER_SLOTS(REGVANE_SIMULATED_PLACEHOLDER)
 #undef REGVANE_SIMULATED_PLACEHOLDER
 

@@ -26,7 +26,8 @@ std::string FileVersion(const std::wstring& path) {
     if (!size || !GetFileVersionInfoW(path.c_str(), 0, size, data.data()) ||
         !VerQueryValueW(data.data(), L"\\", reinterpret_cast<void**>(&info), &length))
         return "unknown";
-    return std::to_string(HIWORD(info->dwFileVersionMS)) + "." + std::to_string(LOWORD(info->dwFileVersionMS)) + "." +
+    return std::to_string(HIWORD(info->dwFileVersionMS)) + "." +
+           std::to_string(LOWORD(info->dwFileVersionMS)) + "." +
            std::to_string(HIWORD(info->dwFileVersionLS));
 }
 
@@ -39,7 +40,8 @@ int wmain(int argc, wchar_t** argv) {
         std::fprintf(stderr, "error: regvane.dll did not load (error %lu)\n", GetLastError());
         return 1;
     }
-    auto init = reinterpret_cast<InitRegvaneFn>(reinterpret_cast<void*>(GetProcAddress(module, "InitRegvane")));
+    auto init =
+        reinterpret_cast<InitRegvaneFn>(reinterpret_cast<void*>(GetProcAddress(module, "InitRegvane")));
     auto languageChanged = reinterpret_cast<RegvaneLanguageChangedFn>(
         reinterpret_cast<void*>(GetProcAddress(module, "RegvaneLanguageChanged")));
     if (!init || !languageChanged) {

@@ -7,8 +7,12 @@
 
 namespace {
 
-std::wstring Primary(int index) { return LanguageFilesForIndex(index).primary; }
-std::wstring Fallback(int index) { return LanguageFilesForIndex(index).fallback; }
+std::wstring Primary(int index) {
+    return LanguageFilesForIndex(index).primary;
+}
+std::wstring Fallback(int index) {
+    return LanguageFilesForIndex(index).fallback;
+}
 
 TEST(LanguageSelection, EveryIndexOfTheHostPicksItsFilePair) {
     const struct {
@@ -16,12 +20,18 @@ TEST(LanguageSelection, EveryIndexOfTheHostPicksItsFilePair) {
         const wchar_t* primary;
         const wchar_t* fallback;
     } rows[] = {
-        {1, L"Multi_chi.ini", L"Multi_chi.ini"},         {2, L"Multi_chi_fanti.ini", L"Multi_chi.ini"},
-        {3, L"Multi_eng.ini", L"Multi_eng.ini"},         {4, L"Multi_French.ini", L"Multi_eng.ini"},
-        {5, L"Multi_Japanese.ini", L"Multi_eng.ini"},    {6, L"Multi_Korean.ini", L"Multi_eng.ini"},
-        {7, L"Multi_Russian.ini", L""},                  {8, L"Multi_Thai.ini", L"Multi_eng.ini"},
-        {9, L"Multi_Spanish.ini", L"Multi_eng.ini"},     {10, L"Multi_Polish.ini", L"Multi_eng.ini"},
-        {11, L"Multi_Swedish.ini", L"Multi_eng.ini"},    {12, L"Multi_Portuguese.ini", L"Multi_eng.ini"},
+        {1, L"Multi_chi.ini", L"Multi_chi.ini"},
+        {2, L"Multi_chi_fanti.ini", L"Multi_chi.ini"},
+        {3, L"Multi_eng.ini", L"Multi_eng.ini"},
+        {4, L"Multi_French.ini", L"Multi_eng.ini"},
+        {5, L"Multi_Japanese.ini", L"Multi_eng.ini"},
+        {6, L"Multi_Korean.ini", L"Multi_eng.ini"},
+        {7, L"Multi_Russian.ini", L""},
+        {8, L"Multi_Thai.ini", L"Multi_eng.ini"},
+        {9, L"Multi_Spanish.ini", L"Multi_eng.ini"},
+        {10, L"Multi_Polish.ini", L"Multi_eng.ini"},
+        {11, L"Multi_Swedish.ini", L"Multi_eng.ini"},
+        {12, L"Multi_Portuguese.ini", L"Multi_eng.ini"},
         {13, L"Multi_Polish.ini", L"Multi_eng.ini"},
     };
     for (const auto& row : rows) {
@@ -54,7 +64,8 @@ TEST(LanguageSelection, RussianFallbackIsTheBareLanguageFolder) {
 TEST(LanguageSelection, FolderIsCutAfterTheLastBackslash) {
     EXPECT_EQ(ExecutableFolder(L"C:\\a b\\c.d\\Host.exe"), L"C:\\a b\\c.d\\");
     EXPECT_EQ(ExecutableFolder(L"Host.exe"), L"");
-    EXPECT_EQ(LanguageFilePath(L"Host.exe", L"Multi_eng.ini"), L"..\\..\\Language\\Hw\\Regvane\\Multi_eng.ini");
+    EXPECT_EQ(LanguageFilePath(L"Host.exe", L"Multi_eng.ini"),
+              L"..\\..\\Language\\Hw\\Regvane\\Multi_eng.ini");
 }
 
 } // namespace

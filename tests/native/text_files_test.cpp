@@ -21,8 +21,9 @@ namespace fs = std::filesystem;
 class TempFolder {
 public:
     TempFolder() {
-        m_path = fs::temp_directory_path() / ("regvane_text_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) + "_" +
-                                              ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        m_path = fs::temp_directory_path() /
+                 ("regvane_text_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) + "_" +
+                  ::testing::UnitTest::GetInstance()->current_test_info()->name());
         fs::remove_all(m_path);
         fs::create_directories(m_path);
     }
@@ -63,10 +64,12 @@ TEST(TextEncoding, Utf8RoundTripsEveryPlaneAndReplacesBrokenBytes) {
     const std::wstring text = L"A\u00e9\u4e2d\U0001F600z";
     EXPECT_EQ(Utf8ToWide(WideToUtf8(text)), text);
     EXPECT_EQ(WideToUtf8(L"\u00e9"), "\xC3\xA9");
-    EXPECT_EQ(Utf8ToWide("a\xFF" "b"), L"a\uFFFDb");
-    EXPECT_EQ(Utf8ToWide("\xE4\xB8"), L"\uFFFD");       // cut short
-    EXPECT_EQ(Utf8ToWide("\xC0\xAF"), L"\uFFFD");       // overlong
-    EXPECT_EQ(Utf8ToWide("\xED\xA0\x80"), L"\uFFFD");   // encoded surrogate
+    EXPECT_EQ(Utf8ToWide("a\xFF"
+                         "b"),
+              L"a\uFFFDb");
+    EXPECT_EQ(Utf8ToWide("\xE4\xB8"), L"\uFFFD");     // cut short
+    EXPECT_EQ(Utf8ToWide("\xC0\xAF"), L"\uFFFD");     // overlong
+    EXPECT_EQ(Utf8ToWide("\xED\xA0\x80"), L"\uFFFD"); // encoded surrogate
 }
 
 TEST(TextEncoding, BomDecidesTheEncoding) {
@@ -74,7 +77,9 @@ TEST(TextEncoding, BomDecidesTheEncoding) {
     EXPECT_EQ(DecodeText("\xEF\xBB\xBFhi"), L"hi");
     EXPECT_EQ(DecodeText("hi"), L"hi");
     EXPECT_EQ(DecodeText(Utf16Le(u"\U0001F600")), L"\U0001F600");
-    EXPECT_EQ(DecodeText("\xFF\xFE" "a"), L"\uFFFD"); // odd byte after a UTF-16 BOM
+    EXPECT_EQ(DecodeText("\xFF\xFE"
+                         "a"),
+              L"\uFFFD"); // odd byte after a UTF-16 BOM
 }
 
 TEST(StdioFileEx, ReadsLinesOfAllThreeEncodingsWithEitherLineEnd) {
@@ -84,14 +89,16 @@ TEST(StdioFileEx, ReadsLinesOfAllThreeEncodingsWithEitherLineEnd) {
     dir.Write("utf16.txt", Utf16Le(u"\u00e9t\u00e9\r\n\r\nend\n"));
     EXPECT_EQ(ReadAllLines(dir.File("utf8.txt")), (std::vector<std::wstring>{L"one", L"two", L"three"}));
     EXPECT_EQ(ReadAllLines(dir.File("bom.txt")), (std::vector<std::wstring>{L"\u4e2d", L"x"}));
-    EXPECT_EQ(ReadAllLines(dir.File("utf16.txt")), (std::vector<std::wstring>{L"\u00e9t\u00e9", L"", L"end"}));
+    EXPECT_EQ(ReadAllLines(dir.File("utf16.txt")),
+              (std::vector<std::wstring>{L"\u00e9t\u00e9", L"", L"end"}));
 }
 
 TEST(StdioFileEx, WritesUtf8WithCrLfAndReadsItBack) {
     TempFolder dir;
     {
         CStdioFileEx file;
-        ASSERT_TRUE(file.Open(dir.File("out.csv"), CStdioFileEx::modeCreate | CStdioFileEx::modeWrite | CStdioFileEx::typeText));
+        ASSERT_TRUE(file.Open(dir.File("out.csv"),
+                              CStdioFileEx::modeCreate | CStdioFileEx::modeWrite | CStdioFileEx::typeText));
         EXPECT_TRUE(file.WriteString(L"TAG\r\n"));
         EXPECT_TRUE(file.WriteString(L"a,b\n\u00e9"));
         EXPECT_TRUE(file.WriteString(L"\r"));
@@ -109,7 +116,8 @@ TEST(StdioFileEx, MissingFilesAndWrongDirectionsFailQuietly) {
     std::wstring line = L"old";
     EXPECT_FALSE(file.ReadString(line));
     EXPECT_TRUE(line.empty());
-    EXPECT_FALSE(file.Open(dir.File("no/such/folder/x.txt"), CStdioFileEx::modeCreate | CStdioFileEx::modeWrite));
+    EXPECT_FALSE(
+        file.Open(dir.File("no/such/folder/x.txt"), CStdioFileEx::modeCreate | CStdioFileEx::modeWrite));
     ASSERT_TRUE(file.Open(dir.File("w.txt"), CStdioFileEx::modeCreate | CStdioFileEx::modeWrite));
     EXPECT_FALSE(file.ReadString(line));
 }
@@ -144,7 +152,8 @@ TEST(LanguageFile, ParsesSectionsCommentsEscapesAndKeepsTheFirstOfEqualKeys) {
     EXPECT_EQ(*file.Find(L"8229", L"caption"), L"MBI5153");
     EXPECT_EQ(file.Section(L"8229")->size(), 2u);
     EXPECT_EQ(file.Find(L"String", L"; comment"), nullptr);
-    EXPECT_EQ(file.Find(L"8229", L"x"), nullptr) << "a line of a broken section header must not start a section";
+    EXPECT_EQ(file.Find(L"8229", L"x"), nullptr)
+        << "a line of a broken section header must not start a section";
 }
 
 TEST(Translate, FallsThroughPrimaryThenFallbackThenTheId) {
@@ -159,7 +168,8 @@ TEST(Translate, FallsThroughPrimaryThenFallbackThenTheId) {
     EXPECT_EQ(*translate.Lookup(L"8224", L"Caption"), L"Registres");
 
     translate.SetLangPath(dir.File("missing.ini"), dir.File(""));
-    EXPECT_EQ(translate.TranslateString(L"IDS_ONE"), L"IDS_ONE") << "switching languages forgets the old texts";
+    EXPECT_EQ(translate.TranslateString(L"IDS_ONE"), L"IDS_ONE")
+        << "switching languages forgets the old texts";
 }
 
 // Every string id the code asks for (a wide literal L"IDS_..." or L"IDD_...") is in every shipped

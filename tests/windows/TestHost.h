@@ -45,6 +45,34 @@ private:
     HWND m_view = nullptr;
 };
 
+// Answers the message boxes a page shows while a test drives it: a second thread finds each visible
+// top-level dialog window of this process, notes its caption, text and icon style, and presses the
+// button given (IDOK by default). Each window is answered once.
+class MessageBoxWatcher {
+public:
+    explicit MessageBoxWatcher(int answer = IDOK);
+    ~MessageBoxWatcher();
+    MessageBoxWatcher(const MessageBoxWatcher&) = delete;
+    MessageBoxWatcher& operator=(const MessageBoxWatcher&) = delete;
+
+    struct Box {
+        std::wstring caption;
+        std::wstring text;
+        bool hasInformationIcon;
+        bool hasErrorIcon;
+    };
+    std::vector<Box> Boxes() const;
+
+private:
+    static DWORD WINAPI Run(void* self);
+    int m_answer;
+    volatile LONG m_stop = 0;
+    HANDLE m_thread = nullptr;
+    mutable CRITICAL_SECTION m_lock;
+    std::vector<Box> m_seen;
+    std::vector<HWND> m_answered;
+};
+
 // Runs the message loop until nothing is pending.
 void PumpMessages();
 // The text of a dialog's control.

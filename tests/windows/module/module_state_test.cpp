@@ -34,7 +34,8 @@ protected:
         CreateDirectoryW((root + L"Language").c_str(), nullptr);
         CreateDirectoryW((root + L"Language\\Hw").c_str(), nullptr);
         CreateDirectoryW((root + L"Language\\Hw\\Regvane").c_str(), nullptr);
-        WriteFile(L"Multi_eng.ini", "\xEF\xBB\xBF[String]\r\nIDS_ONLY_ENGLISH=English only\r\nIDS_BOTH=English\r\n");
+        WriteFile(L"Multi_eng.ini",
+                  "\xEF\xBB\xBF[String]\r\nIDS_ONLY_ENGLISH=English only\r\nIDS_BOTH=English\r\n");
         // UTF-16LE, as translators' tools often save it.
         const std::u16string polish = u"[String]\r\nIDS_BOTH=Polski \u0142\r\n";
         std::string bytes("\xFF\xFE", 2);
@@ -103,19 +104,20 @@ TEST(RegvaneCallback, ForwardsEveryOperationWithItsArgumentsUnchanged) {
     std::vector<std::string> calls;
     for (const HostCall& call : inner.log)
         calls.push_back(call.ToString());
-    EXPECT_EQ(calls, (std::vector<std::string>{
-                         "QueryHostState(1, -2, " + std::to_string(INTPTR_MAX) + ")",
-                         "Reserved1",
-                         "PostHostCommand(65535, " + std::to_string(INTPTR_MIN) + ", 255, 128, 127, 65535, 32769)",
-                         "Reserved3",
-                         "Reserved4",
-                         "Reserved5",
-                         "Reserved6",
-                         "GetLanguage",
-                         "SetHostValue(0, " + std::to_string(INT32_MIN) + ", " +
-                             std::to_string(reinterpret_cast<std::intptr_t>(&dialog)) + ")",
-                         "IsHostOptionOn",
-                     }));
+    EXPECT_EQ(calls,
+              (std::vector<std::string>{
+                  "QueryHostState(1, -2, " + std::to_string(INTPTR_MAX) + ")",
+                  "Reserved1",
+                  "PostHostCommand(65535, " + std::to_string(INTPTR_MIN) + ", 255, 128, 127, 65535, 32769)",
+                  "Reserved3",
+                  "Reserved4",
+                  "Reserved5",
+                  "Reserved6",
+                  "GetLanguage",
+                  "SetHostValue(0, " + std::to_string(INT32_MIN) + ", " +
+                      std::to_string(reinterpret_cast<std::intptr_t>(&dialog)) + ")",
+                  "IsHostOptionOn",
+              }));
 }
 
 } // namespace
