@@ -46,9 +46,10 @@ std::pair<int, int> CChipDialog::HostGainRange() const {
 }
 
 bool CChipDialog::ChipDiffersFromSnapshot() {
-    if (ReadBlock() != m_snapshotBlock)
-        return true;
-    return m_scope == SnapshotScope::BlockAndRecord && ReadRecord() != m_snapshotRecord;
+    // Both are read in any case: the host sees the same calls whatever changed.
+    const bool blockDiffers = ReadBlock() != m_snapshotBlock;
+    const bool recordDiffers = m_scope == SnapshotScope::BlockAndRecord && ReadRecord() != m_snapshotRecord;
+    return blockDiffers || recordDiffers;
 }
 
 void CChipDialog::RestoreSnapshot() {
