@@ -19,7 +19,8 @@ using ColourIds = std::array<int, kColourCount>;
 // The colour whose control has this id, or -1 for any other control.
 int ColourOfId(const ColourIds& ids, UINT id);
 // The colour whose window this is among three controls, or -1 (a scroll bar that is no gain slider).
-template <typename Control> int ColourOfWindow(const std::array<Control, kColourCount>& controls, HWND window) {
+template <typename Control>
+int ColourOfWindow(const std::array<Control, kColourCount>& controls, HWND window) {
     for (const Colour colour : kColours)
         if (window && controls[colour].GetSafeHwnd() == window)
             return colour;

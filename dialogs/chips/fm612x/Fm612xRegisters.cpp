@@ -1,40 +1,28 @@
 #include "dialogs/chips/fm612x/Fm612xRegisters.h"
 
+#include "dialogs/common/BitField.h"
+
 namespace fm612x {
 
 namespace {
 
-// One run of bits: `width` bits starting at bit `shift` of byte `byte`.
-struct BitRun {
-    std::uint8_t byte;
-    std::uint8_t shift;
-    std::uint8_t width;
-};
+// A run of bits of one byte: (byte, shift, width).
+using bitfield::Field;
 
-// The chip cuts a value to its field: masks are built bit by bit and kept to one byte.
-std::uint8_t Mask(int width) {
-    std::uint8_t mask = 0;
-    for (int i = 0; i < width; ++i)
-        mask = static_cast<std::uint8_t>((mask << 1) | 1);
-    return mask;
+int ReadRun(ConstBlock block, Field run) {
+    return run.ReadFrom(block);
 }
 
-int ReadRun(ConstBlock block, BitRun run) {
-    return (block[run.byte] >> run.shift) & Mask(run.width);
-}
-
-void WriteRun(Block block, BitRun run, int value) {
-    const auto placed = static_cast<std::uint8_t>(Mask(run.width) << run.shift);
-    block[run.byte] = static_cast<std::uint8_t>((block[run.byte] & ~placed) |
-                                                ((static_cast<unsigned>(value) << run.shift) & placed));
+void WriteRun(Block block, Field run, int value) {
+    run.WriteTo(block, value);
 }
 
 // A value whose bits are spread over several runs, most significant run first.
-template <std::size_t N> using SplitField = std::array<BitRun, N>;
+template <std::size_t N> using SplitField = std::array<Field, N>;
 
 template <std::size_t N> int ReadSplit(ConstBlock block, const SplitField<N>& runs) {
     int value = 0;
-    for (const BitRun& run : runs)
+    for (const Field& run : runs)
         value = (value << run.width) | ReadRun(block, run);
     return value;
 }
@@ -46,7 +34,7 @@ template <std::size_t N> void WriteSplit(Block block, const SplitField<N>& runs,
     }
 }
 
-BitRun Run(Colour colour, ColourByte which, int shift, int width) {
+Field Run(Colour colour, ColourByte which, int shift, int width) {
     return {ByteOf(colour, which), static_cast<std::uint8_t>(shift), static_cast<std::uint8_t>(width)};
 }
 
@@ -62,19 +50,19 @@ int Gain6StorageXor(GainCoding coding) {
 SplitField<2> OutputDelayRuns(Colour c) {
     return {Run(c, ColourByte::Z, 0, 2), Run(c, ColourByte::X, 0, 1)};
 }
-BitRun LowGreyCompRun(Colour c) {
+Field LowGreyCompRun(Colour c) {
     return Run(c, ColourByte::X, 4, 3);
 }
-BitRun GhostLevelRun(Colour c) {
+Field GhostLevelRun(Colour c) {
     return Run(c, ColourByte::Y, 3, 2);
 }
-BitRun ModeRun(Colour c) {
+Field ModeRun(Colour c) {
     return Run(c, ColourByte::Y, 0, 1);
 }
 
 // FM6126EX gain: a 5-bit field whose top bit selects the chip's high current range, which this page
 // always uses; only the low four bits are the operator's.
-BitRun Fm6126ExGainRun(Colour c) {
+Field Fm6126ExGainRun(Colour c) {
     return Run(c, ColourByte::W, 3, 5);
 }
 constexpr int kFm6126ExHighRange = 0x10;
@@ -86,7 +74,7 @@ SplitField<3> PreChargeRuns(Colour c) {
     return {Run(c, ColourByte::W, 7, 1), Run(c, ColourByte::Y, 1, 2), Run(c, ColourByte::Z, 4, 1)};
 }
 
-BitRun GlobalRun(Fm6127ExGlobal field) {
+Field GlobalRun(Fm6127ExGlobal field) {
     switch (field) {
     case Fm6127ExGlobal::RefreshMode:
         return {3, 1, 1};
@@ -115,21 +103,21 @@ constexpr std::array<Fm6128GainBytes, kColourCount> kFm6128GainBytes{{
 
 // Fields of the large block that the FM6128Ex page adds, placed clear of the gain copies (bytes
 // 73..95): the scan count in byte 31, the blanking step in the low nibble of byte 33.
-constexpr BitRun kFm6128ExScanCountRun{31, 0, 6};
-constexpr BitRun kFm6128ExBlankingRun{33, 0, 4};
+constexpr Field kFm6128ExScanCountRun{31, 0, 6};
+constexpr Field kFm6128ExBlankingRun{33, 0, 4};
 
-BitRun Fm6129GainRun(Colour c) {
+Field Fm6129GainRun(Colour c) {
     return Run(c, ColourByte::X, 0, 6);
 }
 // FM6129 low-grey compensation: Z bits 1..0, clear of the gain (X bits 5..0) and of every field of
 // the extended set below.
-BitRun Fm6129LowGreyRun(Colour c) {
+Field Fm6129LowGreyRun(Colour c) {
     return Run(c, ColourByte::Z, 0, 2);
 }
 
 // FM6129 extended set, per colour: the switches at bits 7 and 6 of W and bit 7 of Z, the ghost level
 // in the high nibble of Y and the grey compensation in Y bits 2..0.
-BitRun Fm6129ExRun(Colour c, Fm6129ExField field) {
+Field Fm6129ExRun(Colour c, Fm6129ExField field) {
     switch (field) {
     case Fm6129ExField::GhostOff:
         return Run(c, ColourByte::W, 7, 1);
@@ -310,7 +298,7 @@ void WriteFm6129LowGrey(Block block, Colour colour, int step) {
 }
 
 int Fm6129ExFieldMax(Fm6129ExField field) {
-    return Mask(Fm6129ExRun(kRed, field).width);
+    return bitfield::Mask(Fm6129ExRun(kRed, field).width);
 }
 
 int ReadFm6129Ex(ConstBlock block, Colour colour, Fm6129ExField field) {

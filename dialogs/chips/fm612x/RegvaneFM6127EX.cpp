@@ -16,9 +16,9 @@ constexpr std::array<std::array<const wchar_t*, 2>, 3> kGlobalItems{{
     {L"IDS_FM6127_CMB_Item5", L"IDS_FM6127_CMB_Item6"},
 }};
 // Grey mode and scan direction exist only on chip revisions that announce them.
-constexpr int kExtendedGroupIds[] = {CRegvaneFM6127EX::kGlobalComboIds[1], CRegvaneFM6127EX::kGlobalComboIds[2],
-                                     CRegvaneFM6127EX::kGlobalCaptionIds[1],
-                                     CRegvaneFM6127EX::kGlobalCaptionIds[2]};
+constexpr int kExtendedGroupIds[] = {
+    CRegvaneFM6127EX::kGlobalComboIds[1], CRegvaneFM6127EX::kGlobalComboIds[2],
+    CRegvaneFM6127EX::kGlobalCaptionIds[1], CRegvaneFM6127EX::kGlobalCaptionIds[2]};
 constexpr int kHostSliderMax = 63;
 
 } // namespace
@@ -84,7 +84,8 @@ void CRegvaneFM6127EX::RefreshFromChip() {
 
 bool CRegvaneFM6127EX::ChipDiffersFromSnapshot() {
     const int sliderValue = Chip() ? Chip()->GetSliderValue() : 0;
-    return ReadBlock() != m_initialBlock || ReadExRecord() != m_initialEx || sliderValue != m_initialSliderValue;
+    return ReadBlock() != m_initialBlock || ReadExRecord() != m_initialEx ||
+           sliderValue != m_initialSliderValue;
 }
 
 void CRegvaneFM6127EX::ReportChangeState() {

@@ -14,6 +14,7 @@
 namespace {
 
 using namespace fm612x;
+using ColourIds = std::array<int, kColourCount>;
 
 constexpr int kFM6126Type = 179;
 constexpr int kFM6127Type = 184;
@@ -95,11 +96,13 @@ const std::vector<std::string> kUnchangedCycle{"SetRegData", "UpdateHostState"};
 
 // Every byte but the listed ones is as it was.
 template <std::size_t N>
-void ExpectOnlyBytesChanged(const std::array<std::uint8_t, N>& before, const std::array<std::uint8_t, N>& after,
-                            std::vector<int> changed) {
-    for (std::size_t i = 0; i < N; ++i)
-        if (std::find(changed.begin(), changed.end(), static_cast<int>(i)) == changed.end())
+void ExpectOnlyBytesChanged(const std::array<std::uint8_t, N>& before,
+                            const std::array<std::uint8_t, N>& after, std::vector<int> changed) {
+    for (std::size_t i = 0; i < N; ++i) {
+        if (std::find(changed.begin(), changed.end(), static_cast<int>(i)) == changed.end()) {
             EXPECT_EQ(after[i], before[i]) << "byte " << i;
+        }
+    }
 }
 
 TEST(Fm612xPages, EveryTypeOpensItsOwnPage) {
@@ -230,7 +233,7 @@ constexpr ColourIds kExDelayEdits{21116, 21117, 21118};
 constexpr int kExLink = 21119;
 
 TEST(Fm612xPages, Fm6126ExEditsAndCombosChangeOnlyTheirBits) {
-    SimulatedChip chip(kFM6126EXType);
+    SimulatedChip chip;
     chip.regData.fill(0x00);
     Page page(kFM6126EXType, chip);
     page.SetCheck(kExLink, false);
@@ -283,7 +286,7 @@ int Fm6127ExEdit(int setting, Colour colour) {
 constexpr int kFm6127ExGhostLevel = 5, kFm6127ExLowGrey = 2, kFm6127ExPreCharge = 3;
 
 TEST(Fm612xPages, Fm6127ExWritesBothBuffersAndHasItsOwnChangeTest) {
-    SimulatedChip chip(kFM6127EXType);
+    SimulatedChip chip;
     chip.modelName = "FM6127";
     chip.regData.fill(0x00);
     chip.regData[14] = 0x40;
@@ -368,7 +371,7 @@ TEST(Fm612xPages, Fm6128WritesItsGainCopiesIntoTheLargeBlock) {
 }
 
 TEST(Fm612xPages, Fm6128ExStoresTheHostCountAndRealignsTheGainCopies) {
-    SimulatedChip chip(kFM6128ExType);
+    SimulatedChip chip;
     chip.count = 32;
     chip.regData2[79] = 10; // red's copies disagree; the first one counts
     chip.regData2[85] = 3;
@@ -430,7 +433,7 @@ TEST(Fm612xPages, Fm6129TakesItsSliderRangeFromTheHostAndKeepsItsSwitchesToItsel
 }
 
 TEST(Fm612xPages, Fm6129ExEditsTouchOneFieldAndTheSecondBufferCountsAsChange) {
-    SimulatedChip chip(kFM6129ExType);
+    SimulatedChip chip;
     chip.modelName = "FM6129";
     chip.regData.fill(0x00);
     Page page(kFM6129ExType, chip);
@@ -451,8 +454,8 @@ TEST(Fm612xPages, Fm6129ExEditsTouchOneFieldAndTheSecondBufferCountsAsChange) {
     page.Type(21501, L"0"); // unchanged value: the edit sends nothing
     page.Type(21501, L"1");
     page.Type(21501, L"0");
-    EXPECT_EQ(Writes(chip), (std::vector<std::string>{"SetRegData", "MarkModified", "UpdateHostState", "SetRegData",
-                                                       "UpdateHostState"}));
+    EXPECT_EQ(Writes(chip), (std::vector<std::string>{"SetRegData", "MarkModified", "UpdateHostState",
+                                                      "SetRegData", "UpdateHostState"}));
     chip.regDataEx[3] = 1;
     chip.ClearLog();
     page.Type(21501, L"1");
