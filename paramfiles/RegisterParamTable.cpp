@@ -57,13 +57,24 @@ ParamImportResult RegisterParamTable::Import(const std::wstring& path) {
     if (!read.ok())
         return {kParamFileFailed, read.status};
     StoreToChip();
-    ReportChange();
     return {kParamFileOk, ParamReadStatus::Ok};
 }
 
+bool RegisterParamTable::DiffersFromSnapshot() {
+    // Both are read in any case: the host sees the same calls whatever changed.
+    const bool recordsDiffer = ReadHostRecords(*m_chip) != m_snapshotRecords;
+    const bool extraDiffers = ExtraState() != m_snapshotExtra;
+    return recordsDiffer || extraDiffers;
+}
+
+void RegisterParamTable::RestoreSnapshot() {
+    HostRegisterRecords records = m_snapshotRecords;
+    WriteHostRecords(*m_chip, records);
+    RestoreExtraState(m_snapshotExtra);
+}
+
 int RegisterParamTable::ReportChange() {
-    const bool changed = ReadHostRecords(*m_chip) != m_snapshotRecords || ExtraState() != m_snapshotExtra;
-    if (changed)
+    if (DiffersFromSnapshot())
         m_chip->MarkModified();
     return m_chip->UpdateHostState(1, 1);
 }
@@ -167,6 +178,21 @@ std::vector<std::uint8_t> ChipParamTable::ExtraState() {
     for (int shift = 0; shift < 32; shift += 8)
         state.push_back(static_cast<std::uint8_t>(now->list.rowCount >> shift));
     return state;
+}
+
+void ChipParamTable::RestoreExtraState(const std::vector<std::uint8_t>& state) {
+    if (!m_hostList || state.size() < 4)
+        return;
+    HostList restored{m_hostList->source, {}};
+    const std::size_t listBytes = state.size() - 4;
+    for (int shift = 0, i = 0; shift < 32; shift += 8, ++i)
+        restored.list.rowCount |= static_cast<std::uint32_t>(state[listBytes + static_cast<std::size_t>(i)])
+                                  << shift;
+    std::memcpy(restored.list.rows, state.data(), std::min(listBytes, sizeof restored.list.rows));
+    if (restored.source == ParamRowSource::Icnd3065HostList)
+        Chip().SetICND3065ParamRows(&restored.list);
+    else
+        Chip().SetICND3069ParamRows(&restored.list);
 }
 
 // CNS7363.

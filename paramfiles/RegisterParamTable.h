@@ -64,12 +64,16 @@ public:
     void Refresh();
     // Writes the chip's current table to `path`; an earlier file there survives a failed export.
     ParamFileResult Export(const std::wstring& path);
-    // Reads `path` and, when it belongs to the chip, hands the table to the host and runs the change
-    // test. A file that is refused changes nothing in the host.
+    // Reads `path` and, when it belongs to the chip, hands the table to the host; the caller then
+    // runs the change test. A file that is refused changes nothing in the host.
     ParamImportResult Import(const std::wstring& path);
 
-    // MarkModified when the chip now differs from the page's snapshot, then UpdateHostState(1, 1).
-    // Returns what UpdateHostState returned.
+    // Whether the chip's records (and row list) differ from what they were when the table was made.
+    bool DiffersFromSnapshot();
+    // Puts the snapshot back into the host.
+    void RestoreSnapshot();
+    // The change test: MarkModified when the chip differs from the snapshot, then
+    // UpdateHostState(1, 1). Returns what UpdateHostState returned.
     int ReportChange();
 
 protected:
@@ -87,8 +91,9 @@ protected:
     virtual void StoreToChip() = 0;
     // The file layout for the chip as it reports itself now.
     virtual ParamFileLayout Layout() = 0;
-    // What the change test compares beyond the four register records.
+    // What the change test compares beyond the four register records, and how it is put back.
     virtual std::vector<std::uint8_t> ExtraState() { return {}; }
+    virtual void RestoreExtraState(const std::vector<std::uint8_t>& state) {}
 
 private:
     IRegvane* m_chip;
@@ -127,6 +132,7 @@ protected:
     void StoreToChip() override;
     ParamFileLayout Layout() override;
     std::vector<std::uint8_t> ExtraState() override;
+    void RestoreExtraState(const std::vector<std::uint8_t>& state) override;
 
 private:
     // The host's row list of a list-keeping chip, as it was fetched with the plan.

@@ -250,6 +250,7 @@ TEST(ChipParamTable, ImportHandsTheTableToTheHostAndExportReproducesIt) {
     chip.ClearLog();
     const ParamImportResult result = table.Import(dir.File("in.csv"));
     ASSERT_EQ(result.result, kParamFileOk);
+    table.ReportChange();
     EXPECT_EQ(chip.regData2[0], 0);
     EXPECT_EQ(chip.regData2[41 * 3 + 2], 255 - 41);
     EXPECT_EQ(chip.regDataEx[0], 42);
@@ -271,6 +272,7 @@ TEST(ChipParamTable, ImportHandsTheTableToTheHostAndExportReproducesIt) {
     ASSERT_EQ(reopened.Export(dir.File("same.csv")), kParamFileOk);
     chip.ClearLog();
     ASSERT_EQ(reopened.Import(dir.File("same.csv")).result, kParamFileOk);
+    reopened.ReportChange();
     EXPECT_EQ(chip.CountCalls("MarkModified"), 0);
     EXPECT_EQ(chip.CountCalls("UpdateHostState"), 1);
 }
@@ -339,6 +341,7 @@ TEST(ChipParamTable, HostListedChipsExportAtMost128RowsAndImportKeepsTheRest) {
     dir.Write("in.csv", file);
     chip.ClearLog();
     ASSERT_EQ(table.Import(dir.File("in.csv")).result, kParamFileOk);
+    table.ReportChange();
     ASSERT_EQ(chip.icnd3065Rows.size(), 200u);
     EXPECT_EQ(chip.icnd3065Rows[127][1], 0x44);
     EXPECT_EQ(chip.icnd3065Rows[128][1], 1);
@@ -355,6 +358,29 @@ TEST(ChipParamTable, HostListedChipsExportAtMost128RowsAndImportKeepsTheRest) {
     ASSERT_EQ(icnd3069.icnd3069Rows.size(), kParamRowListCapacity);
     EXPECT_EQ(icnd3069.icnd3069Rows[0], (std::array<std::uint8_t, 4>{1, 2, 3, 4}));
     EXPECT_EQ(icnd3069.icnd3069Rows[1], (std::array<std::uint8_t, 4>{9, 9, 9, 9}));
+}
+
+TEST(ChipParamTable, TheSnapshotCoversTheRecordsAndTheHostListAndGoesBackWhole) {
+    TempFolder dir;
+    SimulatedChip chip = Icn2055();
+    const SimulatedChip original = chip;
+    ChipParamTable table(&chip);
+    dir.Write("in.csv", Icn2055File("CHIP_ICN2055_PARAMETER_FILE", 45));
+    ASSERT_EQ(table.Import(dir.File("in.csv")).result, kParamFileOk);
+    EXPECT_TRUE(table.DiffersFromSnapshot());
+    table.RestoreSnapshot();
+    EXPECT_FALSE(table.DiffersFromSnapshot());
+    EXPECT_EQ(chip.regData2, original.regData2);
+    EXPECT_EQ(chip.regDataEx, original.regDataEx);
+
+    SimulatedChip listed(392, 0);
+    listed.icnd3069Rows.assign(3, {1, 2, 3, 4});
+    ChipParamTable listTable(&listed);
+    dir.Write("list.csv", "CHIP_ICND3069_PARAMETER_FILE\r\nAddr\r\n5,6,7,8\r\n");
+    ASSERT_EQ(listTable.Import(dir.File("list.csv")).result, kParamFileOk);
+    EXPECT_TRUE(listTable.DiffersFromSnapshot()) << "a change only in the host's list is a change";
+    listTable.RestoreSnapshot();
+    EXPECT_EQ(listed.icnd3069Rows, (std::vector<std::array<std::uint8_t, 4>>(3, {1, 2, 3, 4})));
 }
 
 TEST(ParamFileVariants, Cns7363WritesSixFieldsWithoutAddressAndReadsThemBack) {
