@@ -1,2 +1,3 @@
 // Every chip page class with behaviour of its own, one include per line.
 #include "dialogs/chips/Mbi5153.h"
+#include "dialogs/chips/ParamTablePages.h"
