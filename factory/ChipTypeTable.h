@@ -62,7 +62,7 @@
     CLASS(  CRegvaneMbi5030,        "MBI5030",            8214, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane5041B,          "5041B",              8227, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMBI5043,        "MBI5043",           20175, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneMbi5153,        "MBI5153",            8229, CHIP_CAPTION_PARENT,      GENERIC) \
+    CLASS(  CRegvaneMbi5153,        "MBI5153",            8229, CHIP_CAPTION_PARENT,      CUSTOM) \
     CLASS(  CRegvane_SM16159,       "SM16159",            9300, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMY9221,         "MY9221",             8277, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMY9291,         "MY9291",             8276, CHIP_CAPTION_PARENT,      GENERIC) \

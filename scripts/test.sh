@@ -17,11 +17,12 @@ ctest --preset native -j "$jobs" || status=1
 
 # One Wine session for the whole run, stopped at the end so nothing outlives the tests.
 export WINEPREFIX=$PWD/build/windows/wineprefix
+# Pages take and lose the keyboard focus as an operator's would: one test program at a time.
 run_windows_tests() {
   if [[ -n "${DISPLAY:-}" && -z "${REGVANE_FORCE_XVFB:-}" ]]; then
-    ctest --preset windows -j 2
+    ctest --preset windows
   else
-    xvfb-run -a -s "-screen 0 1280x1024x24" ctest --preset windows -j 2
+    xvfb-run -a -s "-screen 0 1280x1024x24" ctest --preset windows
   fi
 }
 run_windows_tests || status=1

@@ -3,3 +3,4 @@
 #pragma once
 
 #include "dialogs/chips/ChipRegModify.h"
+#include "dialogs/chips/Mbi5153.h"
