@@ -42,9 +42,9 @@ TEST(FactoryForms, CaptionAndModeReachTheClassesThatTakeThem) {
     EXPECT_EQ(ls9929->Mode(), 0);
 
     // Pages built without a caption ignore the host's.
-    const auto extended = Make(65536 + 13, &chip, L"ignored");
-    ASSERT_NE(dynamic_cast<CRegvaneICN2055EX*>(extended.get()), nullptr);
-    EXPECT_EQ(dynamic_cast<CGenericChipPage*>(extended.get())->Caption(), L"");
+    const auto rawIcn2053 = Make(65536 + 8, &chip, L"ignored");
+    ASSERT_NE(dynamic_cast<CChipRegModifyICN2053*>(rawIcn2053.get()), nullptr);
+    EXPECT_EQ(dynamic_cast<CGenericChipPage*>(rawIcn2053.get())->Caption(), L"");
     const auto auxiliary = Make(10, &chip, L"ignored");
     ASSERT_NE(dynamic_cast<CMY9868SetDlgEx*>(auxiliary.get()), nullptr);
     EXPECT_EQ(dynamic_cast<CGenericChipPage*>(auxiliary.get())->Caption(), L"");
