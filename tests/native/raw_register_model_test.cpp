@@ -20,14 +20,6 @@ TEST(RawRegisterModel, AcceptsOneOrTwoHexDigitsOnly) {
     EXPECT_EQ(ParseRawByte(std::wstring_view(L"1\0", 2)), std::nullopt) << "an embedded null is not a digit";
 }
 
-TEST(RawRegisterModel, FormatsBytesAsTwoLowerCaseDigits) {
-    EXPECT_EQ(FormatRawByte(0x00), L"00");
-    EXPECT_EQ(FormatRawByte(0x0A), L"0a");
-    EXPECT_EQ(FormatRawByte(0xAB), L"ab");
-    for (int value = 0; value < 256; ++value)
-        EXPECT_EQ(ParseRawByte(FormatRawByte(static_cast<std::uint8_t>(value))), value);
-}
-
 TEST(RawRegisterModel, EveryEditableByteHasOneEdit) {
     std::set<int> edits;
     std::set<std::pair<RawByteSource, std::size_t>> bytes;

@@ -50,15 +50,6 @@ TEST(FactoryForms, CaptionAndModeReachTheClassesThatTakeThem) {
     EXPECT_EQ(dynamic_cast<CGenericChipPage*>(auxiliary.get())->Caption(), L"");
 }
 
-TEST(FactoryForms, TheRawEditorIsItsOwnClassAndTheGenericPagesDeriveFromIt) {
-    SimulatedChip chip(81, 0);
-    const auto editor = Make(81, &chip, L"");
-    ASSERT_NE(dynamic_cast<CchipRegModify*>(editor.get()), nullptr);
-    EXPECT_EQ(dynamic_cast<CGenericChipPage*>(editor.get()), nullptr);
-    const auto generic = Make(7, &chip, L"");
-    EXPECT_NE(dynamic_cast<CchipRegModify*>(generic.get()), nullptr);
-}
-
 TEST(FactoryForms, WithoutAChipPlainNumbersStillGiveAPageButSubTypeNumbersCannot) {
     EXPECT_NE(Make(96, nullptr, L""), nullptr);
     EXPECT_NE(Make(81, nullptr, L""), nullptr);
