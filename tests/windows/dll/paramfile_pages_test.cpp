@@ -152,6 +152,7 @@ TEST_F(ParamFilePages, EveryPageShowsItsTableUnderItsOwnNameWithoutWritingToTheC
         EXPECT_EQ(ColumnTitles(page).size(), expected.columns);
         EXPECT_EQ(ItemText(page, kExport), L"Export...");
         EXPECT_EQ(ItemText(page, kImport), L"Import...");
+        EXPECT_EQ(GetWindowLongPtrW(page, GWL_STYLE) & WS_CAPTION, 0) << "a page has no title bar";
         DestroyWindow(page);
     }
 
