@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -19,7 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 
-constexpr int kList = 8700, kExport = 8701, kImport = 8702, kOk = 8570, kCancel = 8571;
+constexpr int kList = 8700, kExport = 8701, kImport = 8702, kCancel = 8571;
 constexpr int kIcn2055ExType = 65536 + 13;
 constexpr int kMbi5292ExType = 65536 + 107;
 constexpr int kCns7363ExType = 65536 + 65;
