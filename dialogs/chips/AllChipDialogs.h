@@ -1,4 +1,8 @@
-// Every chip page class with behaviour of its own, one include per line.
+// Every chip page class with behaviour of its own, one include per page. The chip-type table names
+// these classes on its CUSTOM rows; the factory includes this file to construct them.
+#pragma once
+
+#include "dialogs/chips/ChipRegModify.h"
 #include "dialogs/chips/Mbi5153.h"
 #include "dialogs/chips/fm612x/RegvaneFM6126.h"
 #include "dialogs/chips/fm612x/RegvaneFM6126EX.h"
@@ -7,3 +11,4 @@
 #include "dialogs/chips/fm612x/RegvaneFM6128.h"
 #include "dialogs/chips/fm612x/RegvaneFM6129.h"
 #include "dialogs/chips/fm612x/RegvaneFM6129Ex.h"
+#include "dialogs/chips/ParamTablePages.h"

@@ -8,7 +8,6 @@ inline constexpr UINT kFM6126Template = 20404;
 
 class CRegvaneFM6126 : public fm612x::CGainSliderPage {
 public:
-    CRegvaneFM6126(IRegvane* chip, HWND parent) : CRegvaneFM6126(chip, nullptr, parent) {}
     CRegvaneFM6126(IRegvane* chip, const wchar_t* caption, HWND parent)
         : CGainSliderPage(kFM6126Template, chip, parent, caption, fm612x::kFm6126GainCoding, s_settings) {}
     const char* DialogClassName() const override { return "CRegvaneFM6126"; }

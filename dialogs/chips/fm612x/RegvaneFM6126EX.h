@@ -30,7 +30,6 @@ public:
     static constexpr fm612x::ColourIds kDelayEditIds{21116, 21117, 21118};
     static constexpr int kLinkGainsId = 21119;
 
-    CRegvaneFM6126EX(IRegvane* chip, HWND parent) : CRegvaneFM6126EX(chip, nullptr, parent) {}
     CRegvaneFM6126EX(IRegvane* chip, const wchar_t* caption, HWND parent);
     const char* DialogClassName() const override { return "CRegvaneFM6126EX"; }
 

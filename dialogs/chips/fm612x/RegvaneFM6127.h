@@ -8,7 +8,6 @@ inline constexpr UINT kFM6127Template = 20039;
 
 class CRegvaneFM6127 : public fm612x::CGainSliderPage {
 public:
-    CRegvaneFM6127(IRegvane* chip, HWND parent) : CRegvaneFM6127(chip, nullptr, parent) {}
     // The title names the chip model, so a caption from the host is not shown.
     CRegvaneFM6127(IRegvane* chip, const wchar_t* caption, HWND parent)
         : CGainSliderPage(kFM6127Template, chip, parent, nullptr, fm612x::kFm6127GainCoding, s_settings) {}

@@ -31,7 +31,6 @@ public:
     static constexpr int kHostSliderId = 21226;
     static constexpr int kHostSliderValueId = 21227;
 
-    CRegvaneFM6127EX(IRegvane* chip, HWND parent) : CRegvaneFM6127EX(chip, nullptr, parent) {}
     // The title names the chip model, so a caption from the host is not shown.
     CRegvaneFM6127EX(IRegvane* chip, const wchar_t* caption, HWND parent);
     const char* DialogClassName() const override { return "CRegvaneFM6127EX"; }

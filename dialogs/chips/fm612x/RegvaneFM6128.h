@@ -27,7 +27,6 @@ public:
     static constexpr fm612x::ColourIds kGainLabelIds{21304, 21305, 21306};
     static constexpr int kLinkGainsId = 21307;
 
-    CRegvaneFM6128(IRegvane* chip, HWND parent) : CRegvaneFM6128(chip, nullptr, parent) {}
     CRegvaneFM6128(IRegvane* chip, const wchar_t* caption, HWND parent)
         : CRegvaneFM6128(kFM6128Template, chip, caption, parent, s_linked) {}
     const char* DialogClassName() const override { return "CRegvaneFM6128"; }
@@ -64,7 +63,6 @@ public:
     static constexpr int kBlankingEditId = 21311;
     static constexpr int kBlankingTimeId = 21312;
 
-    CRegvaneFM6128Ex(IRegvane* chip, HWND parent) : CRegvaneFM6128Ex(chip, nullptr, parent) {}
     CRegvaneFM6128Ex(IRegvane* chip, const wchar_t* caption, HWND parent)
         : CRegvaneFM6128(kFM6128ExTemplate, chip, caption, parent, s_linked) {}
     const char* DialogClassName() const override { return "CRegvaneFM6128Ex"; }

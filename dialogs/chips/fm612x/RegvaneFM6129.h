@@ -32,7 +32,6 @@ public:
     static constexpr int kLinkGainsId = 21419;
     static constexpr int kShowCurrentId = 21420;
 
-    CRegvane_FM6129(IRegvane* chip, HWND parent) : CRegvane_FM6129(chip, nullptr, parent) {}
     CRegvane_FM6129(IRegvane* chip, const wchar_t* caption, HWND parent);
     const char* DialogClassName() const override { return "CRegvane_FM6129"; }
 

@@ -22,7 +22,6 @@ public:
         return kFirstFieldEditId + static_cast<int>(setting) * fm612x::kColourCount + colour;
     }
 
-    CRegvaneFM6129Ex(IRegvane* chip, HWND parent) : CRegvaneFM6129Ex(chip, nullptr, parent) {}
     // The title names the chip model, so a caption from the host is not shown.
     CRegvaneFM6129Ex(IRegvane* chip, const wchar_t* caption, HWND parent);
     const char* DialogClassName() const override { return "CRegvaneFM6129Ex"; }
