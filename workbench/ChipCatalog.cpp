@@ -172,7 +172,7 @@ std::string ChipTypeLabel(int chipType) {
 std::string EntryLabel(const CatalogEntry& entry) {
     std::string label = ChipTypeLabel(entry.chipType);
     if (entry.needsSubType && entry.subType)
-        label += "/" + std::to_string(entry.subType);
+        label.append(1, '/').append(std::to_string(entry.subType));
     return label;
 }
 

@@ -21,6 +21,16 @@ struct WorkbenchOptions {
     bool reset = false;         // start the chip from its start values, forgetting what was saved
 };
 
+// The workbench's exit status, as --help lists it.
+enum WorkbenchExit {
+    kExitDone = 0,
+    kExitBadCommandLine = 1, // also a bad script or an unknown chip type
+    kExitModuleUnusable = 2,
+    kExitNoPage = 3,
+    kExitActionFailed = 4,
+    kExitScreenshotFailed = 5,
+};
+
 struct ParsedOptions {
     WorkbenchOptions options;
     std::string error; // empty when the command line is good
