@@ -1,0 +1,126 @@
+#include "dialogs/common/ChipDialog.h"
+
+#include "module/ModuleState.h"
+
+#include <algorithm>
+#include <cstdint>
+
+CChipDialog::CChipDialog(UINT templateId, IRegvane* chip, HWND parent, const wchar_t* caption,
+                         SnapshotScope scope)
+    : CDialog(templateId, parent), m_chip(chip), m_scope(scope), m_caption(caption ? caption : L"") {
+    m_snapshotBlock = ReadBlock();
+    if (m_scope == SnapshotScope::BlockAndRecord)
+        m_snapshotRecord = ReadRecord();
+}
+
+RegBlock CChipDialog::ReadBlock() const {
+    RegBlock block{};
+    if (m_chip)
+        m_chip->GetRegData(block.data());
+    return block;
+}
+
+void CChipDialog::WriteBlock(RegBlock& block) const {
+    if (m_chip)
+        m_chip->SetRegData(block.data());
+}
+
+Record20 CChipDialog::ReadRecord() const {
+    Record20 record{};
+    if (m_chip)
+        m_chip->GetRegData4(record.data());
+    return record;
+}
+
+void CChipDialog::WriteRecord(Record20& record) const {
+    if (m_chip)
+        m_chip->SetRegData4(record.data(), 0, 0, 0);
+}
+
+std::pair<int, int> CChipDialog::HostGainRange() const {
+    if (!m_chip)
+        return {0, 0};
+    const int minimum = static_cast<std::uint8_t>(m_chip->GetGainMin());
+    const int maximum = static_cast<std::uint8_t>(m_chip->GetGainMax());
+    return {std::min(minimum, maximum), std::max(minimum, maximum)};
+}
+
+bool CChipDialog::ChipDiffersFromSnapshot() {
+    // Both are read in any case: the host sees the same calls whatever changed.
+    const bool blockDiffers = ReadBlock() != m_snapshotBlock;
+    const bool recordDiffers = m_scope == SnapshotScope::BlockAndRecord && ReadRecord() != m_snapshotRecord;
+    return blockDiffers || recordDiffers;
+}
+
+void CChipDialog::RestoreSnapshot() {
+    RegBlock block = m_snapshotBlock;
+    WriteBlock(block);
+    if (m_scope == SnapshotScope::BlockAndRecord) {
+        Record20 record = m_snapshotRecord;
+        WriteRecord(record);
+    }
+}
+
+int CChipDialog::NotifyIfChanged() {
+    if (!m_chip)
+        return 0;
+    if (ChipDiffersFromSnapshot())
+        m_chip->MarkModified();
+    return m_chip->UpdateHostState(1, 1);
+}
+
+void CChipDialog::CloseAfterChangeTest() {
+    NotifyIfChanged();
+    OnCancel();
+}
+
+void CChipDialog::RestoreSnapshotAndClose() {
+    RestoreSnapshot();
+    OnCancel();
+}
+
+void CChipDialog::RequestHostPage(int page) const {
+    // The page lives in the host's view; the view's parent is the frame that switches pages. With
+    // no frame there is nobody to ask (and a null window would post to the thread instead).
+    HWND view = m_hWnd ? ::GetParent(m_hWnd) : nullptr;
+    HWND frame = view ? ::GetParent(view) : nullptr;
+    if (frame)
+        ::PostMessageW(frame, kOpenHostPageMessage, static_cast<WPARAM>(page), 1);
+}
+
+BOOL CChipDialog::OnInitDialog() {
+    CDialog::OnInitDialog();
+    Translator().TranslateDialog(m_hWnd, TemplateId());
+    OnInitControls();
+    ReloadView();
+    m_initialized = true;
+    return TRUE;
+}
+
+void CChipDialog::ReloadView() {
+    if (!m_caption.empty())
+        SetWindowText(m_caption);
+    ApplyHostRanges();
+    RefreshFromChip();
+    UpdateData(FALSE);
+}
+
+void CChipDialog::OnShowWindow(bool show, UINT status) {
+    CDialog::OnShowWindow(show, status);
+    if (show && m_initialized)
+        ReloadView();
+}
+
+bool CChipDialog::OnUserMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    if (message == kRefreshFromChipMessage) {
+        RefreshFromChip();
+        result = 0;
+        return true;
+    }
+    if (message == kNumberEditValueChanged) {
+        OnNumberEditChanged(static_cast<UINT>(wParam), reinterpret_cast<HWND>(lParam));
+        result = 0;
+        return true;
+    }
+    return CDialog::OnUserMessage(message, wParam, lParam, result);
+}

@@ -1,0 +1,238 @@
+#include "framework/NumberEdit.h"
+
+#include "framework/ModuleInstance.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <climits>
+#include <cmath>
+#include <cwchar>
+#include <utility>
+
+namespace {
+
+// The spin buttons never move: every press is a step, and the up-down stays in the middle of its
+// range so both arrows keep working.
+constexpr int kSpinRest = 1;
+
+} // namespace
+
+CNumberEdit::~CNumberEdit() {
+    Release();
+}
+
+bool CNumberEdit::SubclassWindow(HWND edit) {
+    wchar_t className[16] = {};
+    if (!edit || !::GetClassNameW(edit, className, 16) || _wcsicmp(className, L"Edit") != 0)
+        return false;
+    Release();
+    Attach(edit);
+    ::SetWindowSubclass(edit, EditProc, reinterpret_cast<UINT_PTR>(this), reinterpret_cast<DWORD_PTR>(this));
+    m_parent = ::GetParent(edit);
+    if (m_spinWanted)
+        CreateSpin();
+    ShowValue();
+    return true;
+}
+
+void CNumberEdit::SetRange(double minimum, double maximum) {
+    if (minimum > maximum)
+        std::swap(minimum, maximum);
+    m_min = minimum;
+    m_max = maximum;
+    m_value = Normalize(m_value);
+    ShowValue();
+}
+
+void CNumberEdit::SetPrecision(int decimals) {
+    m_precision = std::clamp(decimals, 0, 9);
+    m_value = Normalize(m_value);
+    ShowValue();
+}
+
+void CNumberEdit::SetUnit(std::wstring_view unit) {
+    m_unit = unit;
+    ShowValue();
+}
+
+void CNumberEdit::EnableSpin(bool enable) {
+    m_spinWanted = enable;
+    if (!m_hWnd)
+        return;
+    if (enable && !m_spin) {
+        CreateSpin();
+    } else if (!enable && m_spin) {
+        ::DestroyWindow(m_spin);
+        m_spin = nullptr;
+    }
+}
+
+void CNumberEdit::SetValue(double value) {
+    m_value = Normalize(value);
+    ShowValue();
+}
+
+int CNumberEdit::GetValueInt() const {
+    const long long rounded = std::llround(m_value);
+    return static_cast<int>(std::clamp<long long>(rounded, INT_MIN, INT_MAX));
+}
+
+std::wstring CNumberEdit::Format(double value) const {
+    wchar_t text[64] = {};
+    std::swprintf(text, 64, L"%.*f", m_precision, value);
+    std::wstring shown(text);
+    if (!m_unit.empty())
+        shown += L' ' + m_unit;
+    return shown;
+}
+
+double CNumberEdit::Normalize(double value) const {
+    if (std::isnan(value))
+        return m_value;
+    const double scale = std::pow(10.0, m_precision);
+    if (std::isfinite(value) && std::fabs(value) * scale < 1e15)
+        value = std::round(value * scale) / scale;
+    value = std::clamp(value, m_min, m_max);
+    return value == 0 ? 0.0 : value; // never show "-0"
+}
+
+void CNumberEdit::ShowValue() {
+    if (m_hWnd)
+        ::SetWindowTextW(m_hWnd, Format(m_value).c_str());
+}
+
+void CNumberEdit::CommitText() {
+    const std::wstring text = GetWindowText();
+    const wchar_t* begin = text.c_str();
+    wchar_t* end = nullptr;
+    const double typed = std::wcstod(begin, &end);
+    if (end == begin || std::isnan(typed)) {
+        ShowValue(); // no number: the previous value stays
+        return;
+    }
+    Commit(typed);
+}
+
+void CNumberEdit::StepBy(int steps) {
+    const std::wstring text = GetWindowText();
+    wchar_t* end = nullptr;
+    double current = std::wcstod(text.c_str(), &end);
+    if (end == text.c_str() || !std::isfinite(current))
+        current = m_value;
+    Commit(current + steps * m_step);
+}
+
+void CNumberEdit::Commit(double value) {
+    const double previous = m_value;
+    m_value = Normalize(value);
+    ShowValue();
+    if (m_value != previous && m_parent)
+        ::SendMessageW(m_parent, kNumberEditValueChanged, static_cast<WPARAM>(::GetDlgCtrlID(m_hWnd)),
+                       reinterpret_cast<LPARAM>(m_hWnd));
+}
+
+void CNumberEdit::CreateSpin() {
+    if (!m_hWnd || !m_parent || m_spin)
+        return;
+    const DWORD visible = (::GetWindowLongPtrW(m_hWnd, GWL_STYLE) & WS_VISIBLE) ? WS_VISIBLE : 0;
+    m_spin = ::CreateWindowExW(0, UPDOWN_CLASSW, nullptr, WS_CHILD | visible | UDS_ALIGNRIGHT, 0, 0, 0, 0,
+                               m_parent, nullptr, ResourceInstance(), nullptr);
+    if (!m_spin)
+        return;
+    ::SendMessageW(m_spin, UDM_SETRANGE32, kSpinRest - 1, kSpinRest + 1);
+    ::SendMessageW(m_spin, UDM_SETPOS32, 0, kSpinRest);
+    ::SendMessageW(m_spin, UDM_SETBUDDY, reinterpret_cast<WPARAM>(m_hWnd), 0);
+    ::SetWindowSubclass(m_parent, ParentProc, reinterpret_cast<UINT_PTR>(this),
+                        reinterpret_cast<DWORD_PTR>(this));
+}
+
+void CNumberEdit::Release() {
+    if (m_hWnd && ::IsWindow(m_hWnd))
+        ::RemoveWindowSubclass(m_hWnd, EditProc, reinterpret_cast<UINT_PTR>(this));
+    if (m_parent && ::IsWindow(m_parent))
+        ::RemoveWindowSubclass(m_parent, ParentProc, reinterpret_cast<UINT_PTR>(this));
+    Detach();
+    m_parent = nullptr;
+    m_spin = nullptr;
+}
+
+LRESULT CALLBACK CNumberEdit::EditProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                       DWORD_PTR data) {
+    auto* self = reinterpret_cast<CNumberEdit*>(data);
+    switch (message) {
+    case WM_KILLFOCUS: {
+        const LRESULT result = ::DefSubclassProc(window, message, wParam, lParam);
+        self->CommitText();
+        return result;
+    }
+    case WM_GETDLGCODE: {
+        // Enter belongs to the edit (it commits the value), not to the dialog's default button.
+        const auto* msg = reinterpret_cast<const MSG*>(lParam);
+        LRESULT code = ::DefSubclassProc(window, message, wParam, lParam);
+        if (msg && msg->message == WM_KEYDOWN && msg->wParam == VK_RETURN)
+            code |= DLGC_WANTALLKEYS;
+        return code;
+    }
+    case WM_KEYDOWN:
+        if (wParam == VK_RETURN) {
+            self->CommitText();
+            return 0;
+        }
+        if (wParam == VK_UP || wParam == VK_DOWN) {
+            self->StepBy(wParam == VK_UP ? 1 : -1);
+            return 0;
+        }
+        break;
+    case WM_CHAR:
+        if (wParam == L'\r')
+            return 0; // already handled on key down; a single-line edit would only beep
+        break;
+    case WM_WINDOWPOSCHANGED: {
+        // The spin buttons follow the edit when a page shows or hides it.
+        const auto* pos = reinterpret_cast<const WINDOWPOS*>(lParam);
+        if (self->m_spin && (pos->flags & SWP_SHOWWINDOW))
+            ::ShowWindow(self->m_spin, SW_SHOWNA);
+        if (self->m_spin && (pos->flags & SWP_HIDEWINDOW))
+            ::ShowWindow(self->m_spin, SW_HIDE);
+        break;
+    }
+    case WM_ENABLE:
+        if (self->m_spin)
+            ::EnableWindow(self->m_spin, static_cast<BOOL>(wParam));
+        break;
+    case WM_NCDESTROY:
+        self->Release();
+        break;
+    default:
+        break;
+    }
+    return ::DefSubclassProc(window, message, wParam, lParam);
+}
+
+LRESULT CALLBACK CNumberEdit::ParentProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                         DWORD_PTR data) {
+    auto* self = reinterpret_cast<CNumberEdit*>(data);
+    if (message == WM_NOTIFY && self->m_spin) {
+        const auto* header = reinterpret_cast<const NMHDR*>(lParam);
+        if (header->hwndFrom == self->m_spin && header->code == UDN_DELTAPOS) {
+            const auto* change = reinterpret_cast<const NMUPDOWN*>(lParam);
+            if (change->iDelta != 0)
+                self->StepBy(change->iDelta > 0 ? 1 : -1);
+            return 1; // keep the up-down at rest
+        }
+    }
+    if (message == WM_VSCROLL && self->m_spin && reinterpret_cast<HWND>(lParam) == self->m_spin)
+        return 0; // a spin press is a value change, not a scroll of the page
+    if (message == WM_NCDESTROY) {
+        ::RemoveWindowSubclass(window, ParentProc, reinterpret_cast<UINT_PTR>(self));
+        self->m_parent = nullptr;
+        self->m_spin = nullptr;
+    }
+    return ::DefSubclassProc(window, message, wParam, lParam);
+}
+
+void DDX_Control(CDataExchange* dx, int id, CNumberEdit& edit) {
+    if (!edit.GetSafeHwnd())
+        edit.SubclassWindow(dx->Item(id));
+}
