@@ -88,7 +88,7 @@ ChipStore::Loaded ChipStore::Load(SimulatedChip& chip) const {
     std::wstring aside = path + L".damaged-" + TimeStamp();
     for (int n = 2; GetFileAttributesW(aside.c_str()) != INVALID_FILE_ATTRIBUTES; ++n)
         aside = path + L".damaged-" + TimeStamp() + L"-" + std::to_wstring(n);
-    loaded.warning = Utf8(path) + " " + problem + "; ";
+    loaded.warning = DisplayPath(path) + " " + problem + "; ";
     if (MoveFileExW(path.c_str(), aside.c_str(), MOVEFILE_WRITE_THROUGH))
         loaded.warning += "set aside as " + Utf8(aside.substr(aside.find_last_of(L'\\') + 1));
     else
@@ -104,8 +104,8 @@ std::string ChipStore::Save(const SimulatedChip& chip) const {
     const std::wstring temporary = path + L".tmp";
     const std::string text = FormatChipSaveFile(chip);
 
-    HANDLE file = CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
-                              nullptr);
+    HANDLE file = CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                              FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return "cannot write " + Utf8(temporary) + " (" + LastErrorText() + ")";
     DWORD written = 0;

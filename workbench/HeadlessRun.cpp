@@ -106,7 +106,8 @@ bool LoadScript(const WorkbenchOptions& options, std::vector<ScriptAction>& acti
 void PrintChipList() {
     std::printf("%-12s %-28s %s\n", "type", "page class", "chip");
     for (const CatalogEntry& entry : ChipCatalog())
-        std::printf("%-12s %-28s %s\n", EntryLabel(entry).c_str(), entry.className.c_str(), entry.modelName.c_str());
+        std::printf("%-12s %-28s %s\n", EntryLabel(entry).c_str(), entry.className.c_str(),
+                    entry.modelName.c_str());
 }
 
 int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback) {
@@ -131,12 +132,14 @@ int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHo
     const std::string pageClass = session.PageClass();
     std::printf("chip type %s: %s (%s), %s\n", PageLabel(chipType, subType).c_str(),
                 pageClass.empty() ? "no page class" : pageClass.c_str(), session.Chip().modelName.c_str(),
-                opened.fromFile ? ("saved images from " + Utf8(store.FileFor(chipType, subType))).c_str()
-                                : "start values");
+                opened.fromFile
+                    ? ("saved images from " + DisplayPath(store.FileFor(chipType, subType))).c_str()
+                    : "start values");
     if (!opened.hasPage) {
         PrintLog(session, boxes);
         std::fprintf(stderr, "error: regvane.dll gives no page for chip type %s%s\n",
-                     PageLabel(chipType, subType).c_str(), pageClass.empty() ? "" : (" (" + pageClass + ")").c_str());
+                     PageLabel(chipType, subType).c_str(),
+                     pageClass.empty() ? "" : (" (" + pageClass + ")").c_str());
         return kExitNoPage;
     }
     frame.FitPage(session.Page());
@@ -164,13 +167,13 @@ int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHo
     PrintImages(session);
     const std::wstring saved = store.FileFor(chipType, subType);
     if (GetFileAttributesW(saved.c_str()) != INVALID_FILE_ATTRIBUTES)
-        std::printf("the chip persists in %s\n", Utf8(saved).c_str());
+        std::printf("the chip persists in %s\n", DisplayPath(saved).c_str());
 
-    const std::wstring picture = FullPath(
-        !options.screenshot.empty()
-            ? options.screenshot
-            : ProgramFolder() + L"..\\..\\screenshots\\page-" + std::to_wstring(chipType) +
-                  (subType ? L"-" + std::to_wstring(subType) : L"") + L".png");
+    const std::wstring picture =
+        FullPath(!options.screenshot.empty()
+                     ? options.screenshot
+                     : ProgramFolder() + L"..\\..\\screenshots\\page-" + std::to_wstring(chipType) +
+                           (subType ? L"-" + std::to_wstring(subType) : L"") + L".png");
     SIZE size{};
     bool cropped = false;
     std::string error = MakeFolders(FolderOf(picture)) ? "" : "cannot create " + Utf8(FolderOf(picture));
@@ -180,7 +183,7 @@ int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHo
         std::fprintf(stderr, "error: no screenshot: %s\n", error.c_str());
         return status == kExitDone ? kExitScreenshotFailed : status;
     }
-    std::printf("screenshot %s (%ld x %ld pixels%s)\n", Utf8(picture).c_str(), size.cx, size.cy,
+    std::printf("screenshot %s (%ld x %ld pixels%s)\n", DisplayPath(picture).c_str(), size.cx, size.cy,
                 cropped ? ", cut off at the screen's edge" : "");
     session.Close();
     PrintLog(session, boxes);
@@ -192,19 +195,22 @@ int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHo
     if (!options.onlyTypes.empty()) {
         for (const int type : options.onlyTypes)
             if (!FindChipType(type)) {
-                std::fprintf(stderr, "error: --types: there is no chip type %s\n", ChipTypeLabel(type).c_str());
+                std::fprintf(stderr, "error: --types: there is no chip type %s\n",
+                             ChipTypeLabel(type).c_str());
                 return kExitBadCommandLine;
             }
         std::erase_if(entries, [&](const CatalogEntry& e) {
-            return std::find(options.onlyTypes.begin(), options.onlyTypes.end(), e.chipType) == options.onlyTypes.end();
+            return std::find(options.onlyTypes.begin(), options.onlyTypes.end(), e.chipType) ==
+                   options.onlyTypes.end();
         });
     }
     const std::wstring folder = FullPath(options.allPagesFolder);
     if (!MakeFolders(folder)) {
-        std::fprintf(stderr, "error: cannot create %s (%s)\n", Utf8(folder).c_str(), LastErrorText().c_str());
+        std::fprintf(stderr, "error: cannot create %s (%s)\n", DisplayPath(folder).c_str(),
+                     LastErrorText().c_str());
         return kExitScreenshotFailed;
     }
-    std::printf("a picture of each of %zu chip pages into %s\n", entries.size(), Utf8(folder).c_str());
+    std::printf("a picture of each of %zu chip pages into %s\n", entries.size(), DisplayPath(folder).c_str());
 
     // Pages start from their chips' start values and save nothing: the pictures are the same run
     // after run, whatever anyone tried in the workbench before.
@@ -219,7 +225,8 @@ int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHo
         PagePicture picture{EntryLabel(entry), entry.className, entry.modelName, "", 0, 0};
         std::printf("[%*zu/%zu] %-10s %-28s ", width, i + 1, entries.size(), picture.label.c_str(),
                     entry.className.c_str());
-        const PageSession::Opened opened = session.Open(entry.chipType, entry.subType, frame.View(), nullptr, true);
+        const PageSession::Opened opened =
+            session.Open(entry.chipType, entry.subType, frame.View(), nullptr, true);
         if (!opened.hasPage) {
             std::printf("no page\n");
             ++missing;
@@ -228,7 +235,8 @@ int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHo
             const std::string file = PictureFileName(entry.chipType, entry.subType, entry.className);
             SIZE size{};
             bool cropped = false;
-            const std::string error = CaptureWindowPng(session.Page(), folder + L"\\" + Wide(file), size, cropped);
+            const std::string error =
+                CaptureWindowPng(session.Page(), folder + L"\\" + Wide(file), size, cropped);
             if (error.empty()) {
                 picture.file = file;
                 picture.width = size.cx;
@@ -250,18 +258,20 @@ int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHo
 
     const std::string html = PagesIndexHtml(pictures);
     const std::wstring index = folder + L"\\index.html";
-    HANDLE file = CreateFileW(index.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    HANDLE file =
+        CreateFileW(index.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     DWORD written = 0;
-    const bool indexWritten = file != INVALID_HANDLE_VALUE &&
-                              WriteFile(file, html.data(), static_cast<DWORD>(html.size()), &written, nullptr);
+    const bool indexWritten =
+        file != INVALID_HANDLE_VALUE &&
+        WriteFile(file, html.data(), static_cast<DWORD>(html.size()), &written, nullptr);
     if (file != INVALID_HANDLE_VALUE)
         CloseHandle(file);
 
     const int shot = static_cast<int>(entries.size()) - missing - failed;
-    std::printf("%d pictures in %s%s", shot, Utf8(folder).c_str(),
-                indexWritten ? (", side by side in " + Utf8(index)).c_str() : "");
+    std::printf("%d pictures in %s%s", shot, DisplayPath(folder).c_str(),
+                indexWritten ? (", side by side in " + DisplayPath(index)).c_str() : "");
     if (missing)
-        std::printf("; %d chip types gave no page", missing);
+        std::printf("; no page for %d of them", missing);
     if (failed)
         std::printf("; %d pictures failed", failed);
     std::printf("\n");

@@ -36,8 +36,8 @@ bool IsPageRequest(UINT message) {
 
 HWND CreateHostView(HWND frame, int x, int y, int width, int height) {
     RegisterClassOnce(kViewClass, DefWindowProcW);
-    return CreateWindowExW(WS_EX_CONTROLPARENT, kViewClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, x, y,
-                           width, height, frame, nullptr, GetModuleHandleW(nullptr), nullptr);
+    return CreateWindowExW(WS_EX_CONTROLPARENT, kViewClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, x,
+                           y, width, height, frame, nullptr, GetModuleHandleW(nullptr), nullptr);
 }
 
 HeadlessFrame::HeadlessFrame(PageSession& session) {

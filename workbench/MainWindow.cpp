@@ -51,13 +51,16 @@ void WriteSetting(const wchar_t* name, DWORD value) {
     RegSetKeyValueW(HKEY_CURRENT_USER, kSettingsKey, name, REG_DWORD, &value, sizeof value);
 }
 
-HWND Child(HWND parent, const wchar_t* className, const wchar_t* text, DWORD style, int id, DWORD exStyle = 0) {
+HWND Child(HWND parent, const wchar_t* className, const wchar_t* text, DWORD style, int id,
+           DWORD exStyle = 0) {
     return CreateWindowExW(exStyle, className, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 10, 10, parent,
-                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr),
+                           nullptr);
 }
 
 void Place(HWND window, int x, int y, int width, int height) {
-    SetWindowPos(window, nullptr, x, y, std::max(width, 0), std::max(height, 0), SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(window, nullptr, x, y, std::max(width, 0), std::max(height, 0),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 } // namespace
@@ -95,9 +98,9 @@ bool MainWindow::Create() {
     RegisterClassExW(&windowClass);
 
     const std::wstring title = L"RegvaneWorkbench - regvane.dll " + Wide(m_module.Version());
-    m_window = CreateWindowExW(WS_EX_CONTROLPARENT, kMainClass, title.c_str(), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                               CW_USEDEFAULT, CW_USEDEFAULT, 1240, 860, nullptr, nullptr, GetModuleHandleW(nullptr),
-                               this);
+    m_window = CreateWindowExW(WS_EX_CONTROLPARENT, kMainClass, title.c_str(),
+                               WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, 1240, 860,
+                               nullptr, nullptr, GetModuleHandleW(nullptr), this);
     if (!m_window)
         return false;
 
@@ -111,8 +114,8 @@ bool MainWindow::Create() {
         const std::wstring item = std::to_wstring(index) + L"  " + LanguageDisplayName(index);
         AppendMenuW(languages, MF_STRING, IDM_LANGUAGE_FIRST + index - 1, item.c_str());
     }
-    CheckMenuRadioItem(languages, IDM_LANGUAGE_FIRST, IDM_LANGUAGE_LAST, IDM_LANGUAGE_FIRST + m_callback.language - 1,
-                       MF_BYCOMMAND);
+    CheckMenuRadioItem(languages, IDM_LANGUAGE_FIRST, IDM_LANGUAGE_LAST,
+                       IDM_LANGUAGE_FIRST + m_callback.language - 1, MF_BYCOMMAND);
 
     FillList();
     Layout();
@@ -124,14 +127,15 @@ bool MainWindow::Create() {
 
 void MainWindow::CreateControls() {
     m_uiFont = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
-    m_monoFont = CreateFontW(-13, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                             CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN, L"Courier New");
+    m_monoFont =
+        CreateFontW(-13, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+                    CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN, L"Courier New");
 
     m_searchLabel = Child(m_window, L"STATIC", L"Find:", SS_LEFT, -1);
     m_search = Child(m_window, L"EDIT", L"", WS_TABSTOP | ES_AUTOHSCROLL, kSearchId, WS_EX_CLIENTEDGE);
     SendMessageW(m_search, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(L"type number, class or chip"));
-    m_list = Child(m_window, WC_LISTVIEWW, L"",
-                   WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS, kListId, WS_EX_CLIENTEDGE);
+    m_list = Child(m_window, WC_LISTVIEWW, L"", WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
+                   kListId, WS_EX_CLIENTEDGE);
     ListView_SetExtendedListViewStyle(m_list, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
     const struct {
         const wchar_t* title;
@@ -145,25 +149,28 @@ void MainWindow::CreateControls() {
         ListView_InsertColumn(m_list, i, &column);
     }
     m_subTypeLabel = Child(m_window, L"STATIC", L"Sub-type:", SS_LEFT, -1);
-    m_subType = Child(m_window, L"EDIT", L"0", WS_TABSTOP | ES_NUMBER | ES_AUTOHSCROLL, kSubTypeId, WS_EX_CLIENTEDGE);
+    m_subType =
+        Child(m_window, L"EDIT", L"0", WS_TABSTOP | ES_NUMBER | ES_AUTOHSCROLL, kSubTypeId, WS_EX_CLIENTEDGE);
     SendMessageW(m_subType, EM_SETLIMITTEXT, 5, 0);
     m_openButton = Child(m_window, L"BUTTON", L"&Open", WS_TABSTOP | BS_PUSHBUTTON, kOpenId);
     m_rereadButton = Child(m_window, L"BUTTON", L"&Re-read (0x0903)", WS_TABSTOP | BS_PUSHBUTTON, kRereadId);
 
     m_view = CreateHostView(m_window, 0, 0, 10, 10);
-    m_imagesLabel = Child(m_window, L"STATIC", L"Register images (marked: the bytes of the last change)", SS_LEFT, -1);
+    m_imagesLabel =
+        Child(m_window, L"STATIC", L"Register images (marked: the bytes of the last change)", SS_LEFT, -1);
     m_images = Child(m_window, RICHEDIT_CLASSW, L"",
                      WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL |
                          ES_AUTOHSCROLL,
                      kImagesId, WS_EX_CLIENTEDGE);
     m_logLabel = Child(m_window, L"STATIC", L"Calls of the page to the host", SS_LEFT, -1);
     m_log = Child(m_window, L"LISTBOX", L"",
-                  WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOINTEGRALHEIGHT | LBS_NOTIFY, kLogId, WS_EX_CLIENTEDGE);
+                  WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOINTEGRALHEIGHT | LBS_NOTIFY, kLogId,
+                  WS_EX_CLIENTEDGE);
     SendMessageW(m_log, LB_SETHORIZONTALEXTENT, 2400, 0);
     m_status = Child(m_window, STATUSCLASSNAMEW, L"", SBARS_SIZEGRIP, kStatusId);
 
-    for (HWND control : {m_searchLabel, m_search, m_list, m_subTypeLabel, m_subType, m_openButton, m_rereadButton,
-                         m_imagesLabel, m_logLabel, m_status})
+    for (HWND control : {m_searchLabel, m_search, m_list, m_subTypeLabel, m_subType, m_openButton,
+                         m_rereadButton, m_imagesLabel, m_logLabel, m_status})
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(m_uiFont), FALSE);
     for (HWND control : {m_images, m_log})
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(m_monoFont), FALSE);
@@ -233,7 +240,39 @@ void MainWindow::FillList() {
     SendMessageW(m_list, WM_SETREDRAW, TRUE, 0);
     if (!m_rows.empty())
         ListView_SetItemState(m_list, 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-    SetStatus(std::to_string(m_rows.size()) + " of " + std::to_string(m_catalog.size()) + " chip pages listed");
+    SetStatus(std::to_string(m_rows.size()) + " of " + std::to_string(m_catalog.size()) +
+              " chip pages listed");
+}
+
+void MainWindow::SelectRow(int chipType, int subType) {
+    // The row of that exact sub-type, else the type's "any other sub-type" row.
+    int best = -1;
+    for (std::size_t row = 0; row < m_rows.size(); ++row) {
+        const CatalogEntry& entry = m_catalog[m_rows[row]];
+        if (entry.chipType == chipType && (best < 0 || entry.subType == subType))
+            best = static_cast<int>(row);
+    }
+    if (best < 0)
+        return;
+    ListView_SetItemState(m_list, -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    ListView_SetItemState(m_list, best, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    ListView_EnsureVisible(m_list, best, FALSE);
+    SetDlgItemInt(m_window, kSubTypeId, static_cast<UINT>(subType), FALSE);
+}
+
+static std::string SubTypeHelp(int chipType) {
+    std::string help;
+    std::string other;
+    for (const SubTypeChoice& choice : SubTypeChoices()) {
+        if (choice.chipType != chipType)
+            continue;
+        const std::string page = choice.className ? choice.className : "no page";
+        if (choice.subType == kAnyOtherSubType)
+            other = "any other: " + page;
+        else
+            help += std::to_string(choice.subType) + ": " + page + ", ";
+    }
+    return "Type " + std::to_string(chipType) + " picks its page by sub-type - " + help + other;
 }
 
 const CatalogEntry* MainWindow::SelectedEntry() const {
@@ -256,9 +295,12 @@ bool MainWindow::OpenPage(int chipType, int subType, bool reset) {
     m_openType = chipType;
     m_openSubType = subType;
     SetDlgItemInt(m_window, kSubTypeId, static_cast<UINT>(subType), FALSE);
-    const std::string label = ChipTypeLabel(chipType) + (subType ? "/" + std::to_string(subType) : "");
-    AppendLog({"---- chip type " + label + ": " + (opened.hasPage ? m_session.PageClass() : "no page") + " (" +
-               m_session.Chip().modelName + "), " + (opened.fromFile ? "saved images" : "start values")});
+    std::string label = ChipTypeLabel(chipType);
+    if (subType)
+        label.append(1, '/').append(std::to_string(subType));
+    AppendLog({"---- chip type " + label + ": " + (opened.hasPage ? m_session.PageClass() : "no page") +
+               " (" + m_session.Chip().modelName + "), " +
+               (opened.fromFile ? "saved images" : "start values")});
     if (!opened.warning.empty())
         MessageBoxW(m_window, Wide(opened.warning).c_str(), L"RegvaneWorkbench", MB_OK | MB_ICONWARNING);
     m_pageSize = {0, 0};
@@ -273,19 +315,23 @@ bool MainWindow::OpenPage(int chipType, int subType, bool reset) {
         SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
         const int extraWidth = (window.right - window.left) - client.right;
         const int extraHeight = (window.bottom - window.top) - client.bottom;
-        const int neededWidth = kListWidth + 3 * kMargin + std::max<int>(m_pageSize.cx, 470 + 360) + extraWidth;
+        const int neededWidth =
+            kListWidth + 3 * kMargin + std::max<int>(m_pageSize.cx, 470 + 360) + extraWidth;
         const int neededHeight = m_pageSize.cy + 320 + extraHeight;
-        const int newWidth = std::min<int>(std::max<int>(neededWidth, window.right - window.left), work.right - work.left);
+        const int newWidth =
+            std::min<int>(std::max<int>(neededWidth, window.right - window.left), work.right - work.left);
         const int newHeight =
             std::min<int>(std::max<int>(neededHeight, window.bottom - window.top), work.bottom - work.top);
         SetWindowPos(m_window, nullptr, 0, 0, newWidth, newHeight, SWP_NOMOVE | SWP_NOZORDER);
     }
     Layout();
+    SelectRow(chipType, subType);
     EnableWindow(m_rereadButton, opened.hasPage);
     m_shownChange = ~0u;
     Refresh();
-    SetStatus("Chip type " + label + (opened.hasPage ? ": " + m_session.PageClass() : ": regvane.dll gives no page") +
-              "  -  saved in " + Utf8(m_store.FileFor(chipType, subType)));
+    SetStatus("Chip type " + label +
+              (opened.hasPage ? ": " + m_session.PageClass() : ": regvane.dll gives no page") +
+              "  -  saved in " + DisplayPath(m_store.FileFor(chipType, subType)));
     SaveSettings();
     return opened.hasPage;
 }
@@ -327,7 +373,7 @@ void MainWindow::SavePicture() {
     SIZE size{};
     bool cropped = false;
     const std::string error = CaptureWindowPng(m_session.Page(), path, size, cropped);
-    SetStatus(error.empty() ? "Picture saved: " + Utf8(path) : "No picture: " + error);
+    SetStatus(error.empty() ? "Picture saved: " + DisplayPath(path) : "No picture: " + error);
 }
 
 void MainWindow::Refresh() {
@@ -467,8 +513,9 @@ void MainWindow::OnListNotify(NMHDR* header) {
         if ((change->uNewState & LVIS_SELECTED) && !(change->uOldState & LVIS_SELECTED))
             if (const CatalogEntry* entry = SelectedEntry()) {
                 SetDlgItemInt(m_window, kSubTypeId, static_cast<UINT>(entry->subType), FALSE);
-                EnableWindow(m_subType, TRUE);
-                SetWindowTextW(m_subTypeLabel, entry->needsSubType ? L"Sub-type*:" : L"Sub-type:");
+                SetStatus(entry->needsSubType ? SubTypeHelp(entry->chipType)
+                                              : EntryLabel(*entry) + ": " + entry->className + " (" +
+                                                    entry->modelName + "); Enter or Open opens it");
             }
     } else if (header->code == NM_DBLCLK || header->code == NM_RETURN) {
         OpenSelected();
@@ -540,10 +587,12 @@ int RunWindow(const WorkbenchOptions& options, HostModule& module, SimulatedHost
     }
     MainWindow window(module, callback, options);
     if (!window.Create()) {
-        std::fprintf(stderr, "error: the workbench window could not be created (%s)\n", LastErrorText().c_str());
+        std::fprintf(stderr, "error: the workbench window could not be created (%s)\n",
+                     LastErrorText().c_str());
         return kExitModuleUnusable;
     }
-    const int chipType = options.chipType ? *options.chipType : static_cast<int>(ReadSetting(L"ChipType", 47));
+    const int chipType =
+        options.chipType ? *options.chipType : static_cast<int>(ReadSetting(L"ChipType", 47));
     const int subType = options.chipType ? options.subType : static_cast<int>(ReadSetting(L"SubType", 0));
     int status = kExitDone;
     if (window.OpenPage(chipType, subType, options.reset)) {

@@ -47,6 +47,7 @@ private:
     void AppendLog(const std::vector<std::string>& lines);
     void SetStatus(const std::string& text);
     const CatalogEntry* SelectedEntry() const;
+    void SelectRow(int chipType, int subType);
     void SaveSettings() const;
 
     HostModule& m_module;

@@ -95,7 +95,9 @@ std::string PageSession::Run(const ScriptAction& action) {
     if (!control)
         return "the page has no " + name;
     const std::wstring className = ClassOf(control);
-    auto wrongKind = [&](const char* wanted) { return name + " is " + KindOf(className) + ", not " + wanted; };
+    auto wrongKind = [&](const char* wanted) {
+        return name + " is " + KindOf(className) + ", not " + wanted;
+    };
     if (!IsWindowVisible(control))
         return name + " is hidden: an operator cannot reach it";
     if (!IsWindowEnabled(control))
@@ -112,7 +114,8 @@ std::string PageSession::Run(const ScriptAction& action) {
         SendMessageW(GetParent(control), scroll, MAKEWPARAM(TB_THUMBPOSITION, position),
                      reinterpret_cast<LPARAM>(control));
         if (static_cast<int>(static_cast<short>(position)) != action.value)
-            Note("the slider stopped at " + std::to_string(static_cast<short>(position)) + ", the end of its range");
+            Note("the slider stopped at " + std::to_string(static_cast<short>(position)) +
+                 ", the end of its range");
         return {};
     }
     case ScriptActionKind::Click:
@@ -137,8 +140,8 @@ std::string PageSession::Run(const ScriptAction& action) {
         int index = action.value;
         if (index < 0) {
             const std::wstring text = Wide(action.text);
-            index = static_cast<int>(
-                SendMessageW(control, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str())));
+            index = static_cast<int>(SendMessageW(control, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                                  reinterpret_cast<LPARAM>(text.c_str())));
             if (index == CB_ERR) {
                 std::string items;
                 for (int i = 0; i < count; ++i) {
@@ -148,12 +151,13 @@ std::string PageSession::Run(const ScriptAction& action) {
                     item.resize(static_cast<std::size_t>(std::max(length, 0)));
                     items += (i ? ", \"" : "\"") + Utf8(item) + "\"";
                 }
-                return name + " has no item \"" + action.text + "\" (items: " + (items.empty() ? "none" : items) +
-                       ")";
+                return name + " has no item \"" + action.text +
+                       "\" (items: " + (items.empty() ? "none" : items) + ")";
             }
         } else if (index >= count) {
             return name + " has " + std::to_string(count) + " items" +
-                   (count ? " (0 to " + std::to_string(count - 1) + ")" : "") + ", no item " + std::to_string(index);
+                   (count ? " (0 to " + std::to_string(count - 1) + ")" : "") + ", no item " +
+                   std::to_string(index);
         }
         SendMessageW(control, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
         Notify(control, CBN_SELCHANGE);

@@ -21,10 +21,13 @@ PageSession::~PageSession() {
     Close();
 }
 
-PageSession::Opened PageSession::Open(int chipType, int subType, HWND view, const ChipStore* store, bool reset) {
+PageSession::Opened PageSession::Open(int chipType, int subType, HWND view, const ChipStore* store,
+                                      bool reset) {
     Close();
+    CollectCalls();
     Opened opened;
     m_chip = std::make_unique<SimulatedChip>();
+    m_chipLogRead = 0;
     SetUpSimulatedChip(*m_chip, chipType, subType);
     m_chip->OfferChipFunctions();
     m_store = store;
@@ -38,8 +41,6 @@ PageSession::Opened PageSession::Open(int chipType, int subType, HWND view, cons
     m_savedText = FormatChipSaveFile(*m_chip);
     m_now = m_beforeLastChange = TakeSnapshot(*m_chip);
     ++m_changeCount;
-    m_chipLogRead = 0;
-    m_callbackLogRead = m_callback.log.size();
 
     m_page = m_module.CreateRegvaneHwnd(chipType, m_chip.get(), caption.c_str(), view);
     opened.hasPage = m_page != nullptr;
@@ -54,8 +55,10 @@ void PageSession::Close() {
     if (m_page && IsWindow(m_page))
         DestroyWindow(m_page);
     m_page = nullptr;
-    if (m_chip)
+    if (m_chip) {
         AfterChange(); // a page may write its chip while it closes
+        CollectCalls();
+    }
     m_chip.reset();
     m_store = nullptr;
 }
@@ -67,8 +70,18 @@ std::string PageSession::PageClass() const {
     return m_chip ? PageClassFor(m_chip->chipType, m_chip->chipSubType) : "";
 }
 
+void PageSession::CollectCalls() {
+    if (m_chip) {
+        for (; m_chipLogRead < m_chip->log.size(); ++m_chipLogRead)
+            m_pending.push_back(m_chip->log[m_chipLogRead].ToString());
+    }
+    for (; m_callbackLogRead < m_callback.log.size(); ++m_callbackLogRead)
+        m_pending.push_back("callback " + m_callback.log[m_callbackLogRead].ToString());
+}
+
 void PageSession::Note(std::string line) {
-    m_notes.push_back(std::move(line));
+    CollectCalls();
+    m_pending.push_back(std::move(line));
 }
 
 void PageSession::NoteFrameMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -76,19 +89,13 @@ void PageSession::NoteFrameMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     std::snprintf(text, sizeof text, "frame received 0x%04X(%lld, %lld)%s", message,
                   static_cast<long long>(wParam), static_cast<long long>(lParam),
                   message == 0x0904 ? " = open host page" : "");
-    m_notes.push_back(text);
+    Note(text);
 }
 
 std::vector<std::string> PageSession::TakeLog() {
+    CollectCalls();
     std::vector<std::string> lines;
-    if (m_chip) {
-        for (; m_chipLogRead < m_chip->log.size(); ++m_chipLogRead)
-            lines.push_back(m_chip->log[m_chipLogRead].ToString());
-    }
-    for (; m_callbackLogRead < m_callback.log.size(); ++m_callbackLogRead)
-        lines.push_back("callback " + m_callback.log[m_callbackLogRead].ToString());
-    lines.insert(lines.end(), m_notes.begin(), m_notes.end());
-    m_notes.clear();
+    lines.swap(m_pending);
     return lines;
 }
 

@@ -27,8 +27,8 @@ public:
 
     struct Opened {
         bool hasPage = false;
-        bool fromFile = false;  // the chip's images came from the store
-        std::string warning;    // a damaged save file that was set aside
+        bool fromFile = false; // the chip's images came from the store
+        std::string warning;   // a damaged save file that was set aside
     };
     // Sets up the chip with its start values, then (with a store, unless reset) what was saved for
     // it, and asks the module for its page as a child of view. The page is shown.
@@ -71,7 +71,9 @@ private:
     HWND m_page = nullptr;
     std::size_t m_chipLogRead = 0;
     std::size_t m_callbackLogRead = 0;
-    std::vector<std::string> m_notes;
+    // Lines collected so far, in the order things happened.
+    std::vector<std::string> m_pending;
+    void CollectCalls();
     std::string m_savedText;
     unsigned m_changeCount = 0;
     ChipImageSnapshot m_now;

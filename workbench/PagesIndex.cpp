@@ -39,26 +39,27 @@ std::string PictureFileName(int chipType, int subType, const std::string& classN
 }
 
 std::string PagesIndexHtml(const std::vector<PagePicture>& pictures) {
-    std::string html = "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>regvane chip pages</title>\n"
-                       "<style>body{font-family:sans-serif;background:#ddd}"
-                       "figure{display:inline-block;vertical-align:top;margin:8px;background:#fff;padding:6px}"
-                       "figcaption{font-size:13px;margin-bottom:4px}.none{color:#a00}</style></head><body>\n"
-                       "<h1>regvane chip pages</h1>\n";
+    std::string html =
+        "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>regvane chip pages</title>\n"
+        "<style>body{font-family:sans-serif;background:#ddd}"
+        "figure{display:inline-block;vertical-align:top;margin:8px;background:#fff;padding:6px}"
+        "figcaption{font-size:13px;margin-bottom:4px}.none{color:#a00}</style></head><body>\n"
+        "<h1>regvane chip pages</h1>\n";
     int shown = 0;
     for (const PagePicture& p : pictures)
         shown += p.file.empty() ? 0 : 1;
-    html += "<p>" + std::to_string(shown) + " pages";
+    html += "<p>Pages: " + std::to_string(shown);
     if (shown != static_cast<int>(pictures.size()))
-        html += ", " + std::to_string(pictures.size() - shown) + " chip types without a page";
-    html += ".</p>\n";
+        html += "; chip types without a page: " + std::to_string(pictures.size() - shown);
+    html += "</p>\n";
     for (const PagePicture& p : pictures) {
         html += "<figure><figcaption><b>" + Escape(p.label) + "</b> " + Escape(p.className) + " (" +
                 Escape(p.modelName) + ")</figcaption>";
         if (p.file.empty())
             html += "<div class=\"none\">no page</div>";
         else
-            html += "<img src=\"" + Escape(p.file) + "\" width=\"" + std::to_string(p.width) + "\" height=\"" +
-                    std::to_string(p.height) + "\" alt=\"" + Escape(p.className) + "\">";
+            html += "<img src=\"" + Escape(p.file) + "\" width=\"" + std::to_string(p.width) +
+                    "\" height=\"" + std::to_string(p.height) + "\" alt=\"" + Escape(p.className) + "\">";
         html += "</figure>\n";
     }
     html += "</body></html>\n";

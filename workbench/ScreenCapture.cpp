@@ -37,7 +37,8 @@ std::string CaptureWindowPng(HWND window, const std::wstring& path, SIZE& size, 
         error = "no memory for the picture (" + LastErrorText() + ")";
     } else {
         HGDIOBJ old = SelectObject(memoryDc, bitmap);
-        if (!BitBlt(memoryDc, 0, 0, size.cx, size.cy, screenDc, visible.left, visible.top, SRCCOPY | CAPTUREBLT))
+        if (!BitBlt(memoryDc, 0, 0, size.cx, size.cy, screenDc, visible.left, visible.top,
+                    SRCCOPY | CAPTUREBLT))
             error = "the screen could not be read (" + LastErrorText() + ")";
         GdiFlush();
         SelectObject(memoryDc, old);
@@ -61,7 +62,8 @@ std::string CaptureWindowPng(HWND window, const std::wstring& path, SIZE& size, 
         return error;
 
     const std::vector<std::uint8_t> png = EncodePng(size.cx, size.cy, rgb);
-    HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    HANDLE file =
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return "cannot write " + Utf8(path) + " (" + LastErrorText() + ")";
     DWORD written = 0;

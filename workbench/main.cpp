@@ -40,7 +40,8 @@ int wmain(int argc, wchar_t** argv) {
     module.InitRegvane(&callback);
     module.RegvaneLanguageChanged();
     std::printf("regvane.dll %s loaded from %s; language %d (%s)\n", module.Version().c_str(),
-                Utf8(module.path).c_str(), callback.language, Utf8(LanguageDisplayName(callback.language)).c_str());
+                DisplayPath(module.path).c_str(), callback.language,
+                Utf8(LanguageDisplayName(callback.language)).c_str());
 
     if (!options.allPagesFolder.empty())
         return RunAllPages(options, module, callback);

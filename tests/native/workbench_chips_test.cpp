@@ -154,3 +154,23 @@ TEST(WorkbenchChips, TheRegisterViewMarksExactlyTheBytesThatChanged) {
 }
 
 } // namespace
+
+#include "workbench/PagesIndex.h"
+
+namespace {
+
+TEST(WorkbenchChips, ThePicturesIndexShowsEveryPageAndSaysWhichHaveNone) {
+    EXPECT_EQ(PictureFileName(47, 0, "CRegvaneMbi5153"), "00047-CRegvaneMbi5153.png");
+    EXPECT_EQ(PictureFileName(47, 138, "CRegvane_SM16159"), "00047-138-CRegvane_SM16159.png");
+    EXPECT_EQ(PictureFileName(65540, 0, "CRegvane_SUM2017TEx"), "65540-CRegvane_SUM2017TEx.png");
+    const std::string html =
+        PagesIndexHtml({{"47", "CRegvaneMbi5153", "MBI5153", "00047-CRegvaneMbi5153.png", 495, 452},
+                        {"47/138", "CRegvane_SM16159", "SM<16159>", "", 0, 0}});
+    EXPECT_NE(html.find("<img src=\"00047-CRegvaneMbi5153.png\" width=\"495\" height=\"452\""),
+              std::string::npos);
+    EXPECT_NE(html.find("Pages: 1; chip types without a page: 1"), std::string::npos);
+    EXPECT_NE(html.find("SM&lt;16159&gt;"), std::string::npos);
+    EXPECT_EQ(html.find("SM<16159>"), std::string::npos);
+}
+
+} // namespace
