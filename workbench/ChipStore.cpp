@@ -98,19 +98,22 @@ ChipStore::Loaded ChipStore::Load(SimulatedChip& chip) const {
 }
 
 std::string ChipStore::Save(const SimulatedChip& chip) const {
+    const std::wstring path = FileFor(chip.chipType, chip.chipSubType);
+    return WriteFile(path.substr(path.find_last_of(L'\\') + 1), FormatChipSaveFile(chip));
+}
+
+std::string ChipStore::WriteFile(const std::wstring& name, const std::string& text) const {
     if (!MakeFolders(m_folder))
         return "cannot create " + Utf8(m_folder) + " (" + LastErrorText() + ")";
-    const std::wstring path = FileFor(chip.chipType, chip.chipSubType);
+    const std::wstring path = m_folder + L"\\" + name;
     const std::wstring temporary = path + L".tmp";
-    const std::string text = FormatChipSaveFile(chip);
-
     HANDLE file = CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                               FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return "cannot write " + Utf8(temporary) + " (" + LastErrorText() + ")";
     DWORD written = 0;
-    // The bytes must be on the disk before the rename makes them the saved chip.
-    const bool ok = WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr) &&
+    // The bytes must be on the disk before the rename makes them the saved file.
+    const bool ok = ::WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr) &&
                     written == text.size() && FlushFileBuffers(file);
     const DWORD writeError = GetLastError();
     CloseHandle(file);
@@ -124,4 +127,10 @@ std::string ChipStore::Save(const SimulatedChip& chip) const {
         return "cannot replace " + Utf8(path) + " (" + LastErrorText(moveError) + ")";
     }
     return {};
+}
+
+std::string ChipStore::ReadFile(const std::wstring& name) const {
+    std::string text;
+    ReadWholeFile(m_folder + L"\\" + name, text);
+    return text;
 }

@@ -25,6 +25,10 @@ public:
     // Empty on success, else what went wrong.
     std::string Save(const SimulatedChip& chip) const;
 
+    // Any other small file of the workbench in the same folder, written the same safe way.
+    std::string WriteFile(const std::wstring& name, const std::string& text) const;
+    std::string ReadFile(const std::wstring& name) const;
+
 private:
     std::wstring m_folder;
 };

@@ -17,17 +17,16 @@
 namespace {
 
 constexpr wchar_t kMainClass[] = L"RegvaneWorkbenchMain";
-constexpr wchar_t kSettingsKey[] = L"Software\\Regvane\\Workbench";
 
 enum ControlId {
-    kSearchId = 2001,
-    kListId,
-    kSubTypeId,
-    kOpenId,
-    kRereadId,
-    kImagesId,
-    kLogId,
-    kStatusId,
+    kSearchId = IDC_SEARCH,
+    kListId = IDC_CHIP_LIST,
+    kSubTypeId = IDC_SUBTYPE,
+    kOpenId = IDC_OPEN,
+    kRereadId = IDC_REREAD,
+    kImagesId = IDC_IMAGES,
+    kLogId = IDC_CALL_LOG,
+    kStatusId = IDC_STATUS,
 };
 
 constexpr int kMargin = 8;
@@ -39,16 +38,22 @@ constexpr int kMaxLogLines = 20000;
 constexpr COLORREF kMarkedText = RGB(160, 0, 0);
 constexpr COLORREF kMarkedBack = RGB(255, 236, 150);
 
-DWORD ReadSetting(const wchar_t* name, DWORD fallback) {
-    DWORD value = 0, size = sizeof value;
-    return RegGetValueW(HKEY_CURRENT_USER, kSettingsKey, name, RRF_RT_REG_DWORD, nullptr, &value, &size) ==
-                   ERROR_SUCCESS
-               ? value
-               : fallback;
-}
+// The window's own settings, beside the saved chips: "language 3", "type 47", "subtype 0".
+constexpr wchar_t kSettingsFile[] = L"workbench-settings.txt";
 
-void WriteSetting(const wchar_t* name, DWORD value) {
-    RegSetKeyValueW(HKEY_CURRENT_USER, kSettingsKey, name, REG_DWORD, &value, sizeof value);
+int ReadSetting(const ChipStore& store, const char* name, int fallback) {
+    const std::string text = store.ReadFile(kSettingsFile);
+    const std::string key = std::string(name) + " ";
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = std::min(text.find('\n', at), text.size());
+        if (text.compare(at, key.size(), key) == 0) {
+            int value = 0;
+            if (std::sscanf(text.c_str() + at + key.size(), "%d", &value) == 1)
+                return value;
+        }
+        at = end + 1;
+    }
+    return fallback;
 }
 
 HWND Child(HWND parent, const wchar_t* className, const wchar_t* text, DWORD style, int id,
@@ -441,11 +446,10 @@ void MainWindow::SetStatus(const std::string& text) {
 }
 
 void MainWindow::SaveSettings() const {
-    WriteSetting(L"Language", static_cast<DWORD>(m_callback.language));
-    if (m_openType) {
-        WriteSetting(L"ChipType", static_cast<DWORD>(m_openType));
-        WriteSetting(L"SubType", static_cast<DWORD>(m_openSubType));
-    }
+    std::string text = "language " + std::to_string(m_callback.language) + "\n";
+    if (m_openType)
+        text += "type " + std::to_string(m_openType) + "\nsubtype " + std::to_string(m_openSubType) + "\n";
+    m_store.WriteFile(kSettingsFile, text);
 }
 
 void MainWindow::OnCommand(UINT id, UINT code) {
@@ -578,8 +582,9 @@ int RunWindow(const WorkbenchOptions& options, HostModule& module, SimulatedHost
     std::vector<ScriptAction> actions;
     if (!LoadScript(options, actions))
         return kExitBadCommandLine;
+    const ChipStore settings(options.profile);
     if (!options.language) {
-        const auto saved = static_cast<int>(ReadSetting(L"Language", 3));
+        const int saved = ReadSetting(settings, "language", 3);
         if (saved != callback.language && saved >= 1 && saved <= kLanguageCount) {
             callback.language = saved;
             module.RegvaneLanguageChanged();
@@ -591,9 +596,8 @@ int RunWindow(const WorkbenchOptions& options, HostModule& module, SimulatedHost
                      LastErrorText().c_str());
         return kExitModuleUnusable;
     }
-    const int chipType =
-        options.chipType ? *options.chipType : static_cast<int>(ReadSetting(L"ChipType", 47));
-    const int subType = options.chipType ? options.subType : static_cast<int>(ReadSetting(L"SubType", 0));
+    const int chipType = options.chipType ? *options.chipType : ReadSetting(settings, "type", 47);
+    const int subType = options.chipType ? options.subType : ReadSetting(settings, "subtype", 0);
     int status = kExitDone;
     if (window.OpenPage(chipType, subType, options.reset)) {
         // A script given with the window runs where everyone can watch it.

@@ -2,6 +2,7 @@
 #include "workbench/ChipCatalog.h"
 #include "workbench/ChipImages.h"
 #include "workbench/ChipPresets.h"
+#include "workbench/PagesIndex.h"
 
 #include <gtest/gtest.h>
 
@@ -154,8 +155,6 @@ TEST(WorkbenchChips, TheRegisterViewMarksExactlyTheBytesThatChanged) {
 }
 
 } // namespace
-
-#include "workbench/PagesIndex.h"
 
 namespace {
 

@@ -84,6 +84,25 @@ TEST(Workbench, DefaultBringsBackTheChipAfterAGainMoveAsTheReadmeShows) {
     EXPECT_EQ(run.Line("regDataEx "), "regDataEx    00 21 00 21 00 00 00 00 00 00 00 00 00 00 00 00");
 }
 
+TEST(Workbench, AHostSideChangeReachesThePageWhenTheHostAsksItToReadAgain) {
+    TempFolder profile;
+    const WorkbenchRun run =
+        RunWorkbench(L"--headless --type 47 --profile " + Quote(profile.Path()) + L" --screenshot " +
+                     Quote(profile.File(L"page.png")) + L" --do \"poke regData 9 0e; reread\"");
+    SKIP_IF_NO_PAGE(run);
+    ASSERT_EQ(run.status, 0u) << run.out << run.err;
+    const std::size_t poked = run.out.find("    host wrote 0e into regData at 9");
+    const std::size_t sent = run.out.find("    host sent 0x0903 (read the chip again)", poked);
+    const std::size_t read = run.out.find("    GetRegData 00 00 df 2b df 2b df 2b 42 0e", sent);
+    EXPECT_NE(poked, std::string::npos) << run.out;
+    EXPECT_NE(sent, std::string::npos) << run.out;
+    EXPECT_NE(read, std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("regData      00 00 df 2b df 2b df 2b 42 0e 62 00 62 00 00 21\r\n  " +
+                           std::string(13 + 9 * 3, ' ') + "^^\r\n"),
+              std::string::npos)
+        << run.out;
+}
+
 TEST(Workbench, TheChipPersistsAcrossRunsUntilReset) {
     TempFolder profile;
     const std::wstring common = L"--headless --type 47 --profile " + Quote(profile.Path()) +
