@@ -1,0 +1,285 @@
+// The raw register editor driven as an operator does: bytes typed into edits and confirmed by leaving
+// them, buttons clicked, and the host's register kind choosing what is shown.
+#include "TestHost.h"
+#include "dialogs/chips/ChipRegModifyModel.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using Calls = std::vector<std::string>;
+
+constexpr int kRawEditorType = 81;
+const wchar_t kInputTip[] = L"Please enter one or two hexadecimal digits (0-9, a-f).";
+
+bool Visible(HWND page, int id) {
+    return (GetWindowLongPtrW(GetDlgItem(page, id), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+class RawEditor : public ::testing::Test {
+protected:
+    void SetUp() override {
+        InstallHostCallback();
+        for (std::size_t i = 0; i < chip.regData.size(); ++i)
+            chip.regData[i] = static_cast<std::uint8_t>(0x10 + i);
+        for (std::size_t i = 0; i < chip.regDataEx.size(); ++i)
+            chip.regDataEx[i] = static_cast<std::uint8_t>(0xA0 + i);
+        for (std::size_t i = 0; i < chip.regData3.size(); ++i)
+            chip.regData3[i] = static_cast<std::uint8_t>(0xB0 + i);
+    }
+    void TearDown() override {
+        if (page)
+            DestroyWindow(page);
+    }
+
+    HWND Open(IRegvane* host = nullptr) {
+        page = lib.CreateRegvaneHwnd(kRawEditorType, host ? host : &chip, L"", frame.View());
+        EXPECT_NE(page, nullptr);
+        ShowWindow(page, SW_SHOW);
+        PumpMessages();
+        chip.ClearLog();
+        return page;
+    }
+
+    // Focus in, text set, focus out to another control: the edit reports the focus loss itself.
+    void Type(int id, const wchar_t* text) {
+        HWND edit = GetDlgItem(page, id);
+        SetFocus(edit);
+        ASSERT_EQ(GetFocus(), edit);
+        SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+        SetFocus(GetDlgItem(page, 8025));
+        PumpMessages();
+    }
+
+    void Click(int id) {
+        SendMessageW(GetDlgItem(page, id), BM_CLICK, 0, 0);
+        PumpMessages();
+    }
+
+    RegvaneLibrary& lib = RegvaneLibrary::Get();
+    HostFrame frame;
+    SimulatedChip chip{kRawEditorType, 0};
+    HWND page = nullptr;
+};
+
+TEST_F(RawEditor, ShowsEveryByteAsTwoLowerCaseDigitsAndWritesNothingWhileOpening) {
+    chip.regData[9] = 0x0F;
+    page = lib.CreateRegvaneHwnd(kRawEditorType, &chip, L"", frame.View());
+    ASSERT_NE(page, nullptr);
+    EXPECT_EQ(chip.CallNames(false), Calls{}) << "opening the page changed the chip";
+    for (const RawByteField& field : kRawByteFields) {
+        const auto& record = field.source == RawByteSource::Block     ? chip.regData
+                             : field.source == RawByteSource::RecordA ? chip.regDataEx
+                                                                      : chip.regData3;
+        wchar_t expected[3];
+        swprintf(expected, 3, L"%.2x", record[field.byte]);
+        EXPECT_EQ(ItemText(page, field.editId), expected) << field.editId;
+    }
+    EXPECT_EQ(ItemText(page, 8074), L"0f");
+    EXPECT_EQ(ItemText(page, 8543), L"12");
+    EXPECT_EQ(ItemText(page, 8084), L"a3");
+    EXPECT_EQ(ItemText(page, 8090), L"b5");
+    wchar_t title[128] = {};
+    GetWindowTextW(page, title, 128);
+    EXPECT_STREQ(title, L"Chip registers - MBI5153");
+}
+
+TEST_F(RawEditor, ATypedByteGoesToItsRecordAndTheChangeIsReported) {
+    Open();
+    Type(8069, L"A");
+    EXPECT_EQ(chip.regData[4], 0x0A);
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "MarkModified", "UpdateHostState"}));
+    EXPECT_EQ(chip.log.back().args, (std::vector<std::int64_t>{1, 1}));
+    EXPECT_EQ(chip.regData[3], 0x13) << "only the typed byte changes";
+    EXPECT_EQ(chip.regData[5], 0x15);
+    SendMessageW(page, 0x0903, 0, 0);
+    EXPECT_EQ(ItemText(page, 8069), L"0a");
+
+    chip.ClearLog();
+    Type(8082, L"ff");
+    EXPECT_EQ(chip.regDataEx[1], 0xFF);
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegDataEx", "MarkModified", "UpdateHostState"}));
+
+    chip.ClearLog();
+    Type(8090, L"Bc");
+    EXPECT_EQ(chip.regData3[5], 0xBC);
+    EXPECT_EQ(chip.regData3[4], 0xB4);
+    EXPECT_EQ(chip.CountCalls("SetRegData3"), 1);
+}
+
+TEST_F(RawEditor, RefusedTextsShowTheTipBringTheOldTextBackAndWriteNothing) {
+    Open();
+    MessageBoxWatcher watcher;
+    const wchar_t* refused[] = {L"1g", L"0ff", L"", L" 1", L"0x", L"-1", L"g"};
+    for (const wchar_t* text : refused) {
+        Type(8068, text);
+        EXPECT_EQ(ItemText(page, 8068), L"13") << "after " << testing::PrintToString(std::wstring(text));
+    }
+    EXPECT_EQ(chip.CallNames(false), Calls{});
+    EXPECT_EQ(chip.regData[3], 0x13);
+    const auto boxes = watcher.Boxes();
+    ASSERT_EQ(boxes.size(), std::size(refused));
+    for (const auto& box : boxes) {
+        EXPECT_EQ(box.text, kInputTip);
+        EXPECT_EQ(box.caption, L"regvane_windows_tests");
+        EXPECT_TRUE(box.hasInformationIcon);
+    }
+    Type(8068, L"ff");
+    EXPECT_EQ(chip.regData[3], 0xFF);
+    EXPECT_EQ(watcher.Boxes().size(), std::size(refused)) << "ff is a byte";
+}
+
+TEST_F(RawEditor, OnlyTheBlockAndTheFirstBytesOfRecordACountAsAChange) {
+    Open();
+    Type(8068, L"13"); // the byte's own value
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "UpdateHostState"}));
+
+    chip.ClearLog();
+    Type(8068, L"14");
+    Type(8068, L"13"); // and back again
+    EXPECT_EQ(chip.CallNames(false),
+              (Calls{"SetRegData", "MarkModified", "UpdateHostState", "SetRegData", "UpdateHostState"}));
+
+    chip.ClearLog();
+    Type(8085, L"00"); // record B is not part of the change test
+    EXPECT_EQ(chip.regData3[0], 0x00);
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData3", "UpdateHostState"}));
+
+    chip.ClearLog();
+    chip.regDataEx[8] = 0x55; // beyond the four bytes the page shows
+    Type(8084, L"a3");
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegDataEx", "UpdateHostState"}));
+}
+
+TEST_F(RawEditor, PresetPutsTheFirstRegisterOfEachColourTo3FA6) {
+    chip.registerKind = 9;
+    Open();
+    ASSERT_TRUE(Visible(page, 20013));
+    Click(20013);
+    EXPECT_EQ(std::vector<std::uint8_t>(chip.regData.begin() + 2, chip.regData.begin() + 8),
+              (std::vector<std::uint8_t>{0xA6, 0x3F, 0xA6, 0x3F, 0xA6, 0x3F}));
+    EXPECT_EQ(chip.regData[1], 0x11);
+    EXPECT_EQ(chip.regData[8], 0x18);
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "MarkModified", "UpdateHostState"}));
+    EXPECT_EQ(ItemText(page, 8543), L"a6");
+    EXPECT_EQ(ItemText(page, 8072), L"3f");
+}
+
+TEST_F(RawEditor, ReadAgainShowsTheChipAndRestorePutsBackWhatItHeldAtOpening) {
+    Open();
+    Type(8070, L"99");
+    Type(8081, L"01");
+    chip.regData[15] = 0x77; // changed by the host behind the page
+    Click(8025);
+    EXPECT_EQ(ItemText(page, 8080), L"77");
+
+    chip.ClearLog();
+    Click(8026);
+    EXPECT_EQ(chip.regData[5], 0x15);
+    EXPECT_EQ(chip.regData[15], 0x1F);
+    EXPECT_EQ(chip.regDataEx[0], 0xA0);
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "SetRegDataEx", "UpdateHostState"}));
+    EXPECT_EQ(ItemText(page, 8070), L"15");
+}
+
+TEST_F(RawEditor, TheRegisterKindChoosesWhatIsShown) {
+    const std::vector<int> groupX(std::begin(kRawGroupX), std::end(kRawGroupX));
+    const std::vector<int> groupY(std::begin(kRawGroupY), std::end(kRawGroupY));
+    const std::vector<int> groupZ(std::begin(kRawGroupZ), std::end(kRawGroupZ));
+    const struct {
+        int kind;
+        bool x, y, z, caption4, caption1, preset, firstLowEnabled;
+    } kinds[] = {
+        {1, false, false, false, false, false, false, false},
+        {2, false, false, false, false, false, false, true},
+        {3, true, false, false, false, false, false, true},
+        {4, true, true, false, false, false, false, true},
+        {5, true, true, true, true, false, false, true},
+        {6, true, true, false, false, false, false, true},
+        {7, true, true, false, false, false, false, true},
+        {8, true, true, false, false, false, false, true},
+        {9, false, false, false, false, false, true, true},
+        {10, true, true, false, false, false, false, true},
+        {11, true, true, true, true, true, false, true},
+        {12, true, true, true, true, false, false, true},
+        {0, true, true, false, false, false, false, true},
+        {13, true, true, false, false, false, false, true},
+    };
+    for (const auto& k : kinds) {
+        SCOPED_TRACE(k.kind);
+        chip.registerKind = k.kind;
+        HWND p = lib.CreateRegvaneHwnd(kRawEditorType, &chip, L"", frame.View());
+        ASSERT_NE(p, nullptr);
+        for (int id : groupX)
+            EXPECT_EQ(Visible(p, id), k.x) << id;
+        for (int id : groupY)
+            EXPECT_EQ(Visible(p, id), k.y) << id;
+        for (int id : groupZ)
+            EXPECT_EQ(Visible(p, id), k.z) << id;
+        EXPECT_EQ(Visible(p, 20016), k.caption4);
+        EXPECT_EQ(Visible(p, 20616), k.caption1);
+        EXPECT_EQ(Visible(p, 20013), k.preset);
+        for (int id : {8543, 8069, 8544})
+            EXPECT_EQ(IsWindowEnabled(GetDlgItem(p, id)) != FALSE, k.firstLowEnabled) << id;
+        EXPECT_TRUE(IsWindowEnabled(GetDlgItem(p, 8068)));
+        EXPECT_TRUE(Visible(p, 8543)) << "the first register is always shown";
+        if (k.kind == 11) {
+            EXPECT_EQ(ItemText(p, 20616), L"CFG1");
+            EXPECT_EQ(ItemText(p, 20014), L"CFG2");
+            EXPECT_EQ(ItemText(p, 20015), L"CFG3");
+            EXPECT_EQ(ItemText(p, 20016), L"CFG4");
+            EXPECT_FALSE(Visible(p, 20607)) << "CFG1 takes the place of the plain caption";
+        } else {
+            EXPECT_EQ(ItemText(p, 20014), L"Register 2");
+            EXPECT_TRUE(Visible(p, 20607));
+        }
+        if (k.kind == 12) {
+            EXPECT_EQ(ItemText(p, 8569), L"Red 4");
+            EXPECT_EQ(ItemText(p, 8575), L"Green 4");
+            EXPECT_EQ(ItemText(p, 8577), L"Blue 4");
+        } else {
+            EXPECT_EQ(ItemText(p, 8569), L"R4");
+        }
+        DestroyWindow(p);
+    }
+}
+
+TEST_F(RawEditor, ChineseTitleAndTexts) {
+    InstallHostCallback(1);
+    chip.registerKind = 12;
+    chip.modelName = "SM16208";
+    Open();
+    wchar_t title[128] = {};
+    GetWindowTextW(page, title, 128);
+    EXPECT_STREQ(title, L"\u82af\u7247\u5bc4\u5b58\u5668 - SM16208");
+    EXPECT_EQ(ItemText(page, 20014), L"\u5bc4\u5b58\u5668 2");
+    EXPECT_EQ(ItemText(page, 8569), L"\u7ea2 4");
+    InstallHostCallback();
+}
+
+TEST_F(RawEditor, WithoutAHostThePageShowsZerosAndWritesNowhere) {
+    page = lib.CreateRegvaneHwnd(kRawEditorType, nullptr, L"", frame.View());
+    ASSERT_NE(page, nullptr);
+    ShowWindow(page, SW_SHOW);
+    EXPECT_EQ(ItemText(page, 8543), L"00");
+    wchar_t title[128] = {};
+    GetWindowTextW(page, title, 128);
+    EXPECT_STREQ(title, L"Chip registers");
+    Type(8543, L"5a");
+    {
+        MessageBoxWatcher watcher;
+        Type(8068, L"zz");
+        EXPECT_EQ(watcher.Boxes().size(), 1u);
+    }
+    EXPECT_EQ(ItemText(page, 8068), L"00");
+    SendMessageW(page, WM_COMMAND, MAKEWPARAM(20013, BN_CLICKED), 0);
+    Click(8025);
+    Click(8026);
+    SendMessageW(page, 0x0903, 0, 0);
+    EXPECT_EQ(ItemText(page, 8543), L"00");
+}
+
+} // namespace
