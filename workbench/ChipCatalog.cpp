@@ -1,58 +1,12 @@
 #include "workbench/ChipCatalog.h"
 
-#include "workbench/ChipTypesStandIn.h"
+#include "factory/ChipTypes.h"
 
 #include <algorithm>
 #include <cctype>
 #include <charconv>
 
 namespace {
-
-// The sub-types that choose another page, in the order the factory tests them.
-constexpr SubTypeChoice kSubTypeChoices[] = {
-    {4, 160, nullptr},
-    {4, 169, nullptr},
-    {4, 170, nullptr},
-    {4, 312, "CRegvaneRT5938"},
-    {4, kAnyOtherSubType, "CRegvane_MBI5124"},
-    {5, 160, nullptr},
-    {5, 169, nullptr},
-    {5, 170, nullptr},
-    {5, 312, "CRegvaneRT5938"},
-    {5, kAnyOtherSubType, "CRegvane_MBI5124"},
-    {6, 160, nullptr},
-    {6, 169, nullptr},
-    {6, 170, nullptr},
-    {6, 312, "CRegvaneRT5938"},
-    {6, kAnyOtherSubType, "CRegvane_MBI5124"},
-    {13, 160, nullptr},
-    {13, 169, nullptr},
-    {13, 170, nullptr},
-    {13, 312, "CRegvaneRT5938"},
-    {13, kAnyOtherSubType, "CRegvane_MBI5124"},
-    {9, 85, "CRegvane_SUM2017T"},
-    {9, kAnyOtherSubType, "CchipRegModify"},
-    {11, 173, "CRegvaneSM16227"},
-    {11, 63, "CRegvaneFM6182"},
-    {11, 387, "CRegvaneSM16208"},
-    {11, 161, nullptr},
-    {11, 167, nullptr},
-    {11, kAnyOtherSubType, "CRegvane_MY9862"},
-    {46, 82, "CRegvaneMBI5043"},
-    {46, kAnyOtherSubType, "CRegvane5041B"},
-    {47, 138, "CRegvane_SM16159"},
-    {47, 212, "CRegvaneMbi5153"}, // 212: the same page titled MBI5252
-    {47, kAnyOtherSubType, "CRegvaneMbi5153"},
-    {67, 403, "CRegvaneWS2816A"},
-    {67, kAnyOtherSubType, nullptr},
-    {91, 329, "CRegvane_H8106"},
-    {91, kAnyOtherSubType, "CRegvaneGW6803"},
-    {129, 230, "CRegvaneCS2033"},
-    {129, 265, "CRegvaneCS2033"},
-    {129, kAnyOtherSubType, "CRegvaneSum2033"},
-    {349, 360, "CRegvaneDP3153"},
-    {349, kAnyOtherSubType, "CRegvaneDP3254"},
-};
 
 std::string Lower(std::string_view text) {
     std::string lower(text);
@@ -71,60 +25,41 @@ bool EndsWith(std::string_view text, std::string_view suffix) {
 
 } // namespace
 
-std::span<const SubTypeChoice> SubTypeChoices() {
-    return kSubTypeChoices;
+std::string PageClassFor(int chipType, int subType) {
+    const ChipChoice choice = ChooseChipClass(chipType, [subType] { return static_cast<std::uint16_t>(subType); });
+    return choice ? choice.chipClass->className : "";
 }
 
 bool DependsOnSubType(int chipType) {
-    return std::any_of(std::begin(kSubTypeChoices), std::end(kSubTypeChoices),
-                       [&](const SubTypeChoice& c) { return c.chipType == chipType; });
+    const ChipTypeInfo* info = FindChipType(chipType);
+    return info && info->dependsOnSubType;
 }
 
-std::string PageClassFor(int chipType, int subType) {
-    if (!DependsOnSubType(chipType)) {
-        const ChipTypeInfo* info = FindChipType(chipType);
-        return info && info->className ? info->className : "";
-    }
-    for (const SubTypeChoice& choice : kSubTypeChoices)
-        if (choice.chipType == chipType && choice.subType == subType)
-            return choice.className ? choice.className : "";
-    for (const SubTypeChoice& choice : kSubTypeChoices)
-        if (choice.chipType == chipType && choice.subType == kAnyOtherSubType)
-            return choice.className ? choice.className : "";
-    return "";
-}
-
-std::vector<CatalogEntry> ChipCatalog() {
-    std::vector<CatalogEntry> entries;
-    for (const ChipTypeInfo& info : AllChipTypes()) {
-        if (!DependsOnSubType(info.chipType)) {
-            entries.push_back({info.chipType, 0, info.className,
-                               ModelNameFromClassName(info.className, info.chipType), info.templateId,
-                               info.dependsOnSubType});
-            continue;
-        }
-        for (const SubTypeChoice& choice : kSubTypeChoices) {
-            if (choice.chipType != info.chipType || !choice.className)
+const std::vector<CatalogEntry>& ChipCatalog() {
+    static const std::vector<CatalogEntry> entries = [] {
+        std::vector<CatalogEntry> rows;
+        for (const ChipTypeInfo& info : AllChipTypes()) {
+            if (!info.dependsOnSubType) {
+                rows.push_back({info.chipType, 0, info.className, ModelNameFromClassName(info.className, info.chipType),
+                                info.templateId, false});
                 continue;
-            const int subType = choice.subType == kAnyOtherSubType ? 0 : choice.subType;
-            // Sub-type 212 keeps the MBI5153 page but retitles it, so it is a page to look at of its own;
-            // any other second sub-type with the same page adds nothing to the list.
-            const bool retitled = info.chipType == 47 && subType == 212;
-            const bool listed = std::any_of(entries.begin(), entries.end(), [&](const CatalogEntry& e) {
-                return e.chipType == info.chipType && e.className == choice.className && e.subType != 212;
-            });
-            if (listed && !retitled)
-                continue;
-            const bool sameAsTable = info.className && std::string_view(choice.className) == info.className;
-            entries.push_back({info.chipType, subType, choice.className,
-                               ModelNameFromClassName(choice.className, info.chipType),
-                               sameAsTable ? info.templateId : 0u, true});
+            }
+            // The factory's rules are its own; asking them about every sub-type finds each page a
+            // sub-type can give, listed under the first sub-type that gives it (0 for "any other").
+            std::vector<const ChipClassInfo*> seen;
+            for (int subType = 0; subType <= 0xFFFF; ++subType) {
+                const ChipChoice choice =
+                    ChooseChipClass(info.chipType, [subType] { return static_cast<std::uint16_t>(subType); });
+                if (!choice || std::find(seen.begin(), seen.end(), choice.chipClass) != seen.end())
+                    continue;
+                seen.push_back(choice.chipClass);
+                rows.push_back({info.chipType, subType, choice.chipClass->className,
+                                ModelNameFromClassName(choice.chipClass->className, info.chipType),
+                                choice.chipClass->templateId, true});
+            }
         }
-    }
-    // The host lists by number; the "any other" row of a sub-type choice first.
-    std::stable_sort(entries.begin(), entries.end(), [](const CatalogEntry& a, const CatalogEntry& b) {
-        return a.chipType != b.chipType ? a.chipType < b.chipType : a.subType < b.subType;
-    });
+        return rows;
+    }();
     return entries;
 }
 

@@ -1,37 +1,27 @@
 // Every chip page the workbench can open, as the host would list them: one row per chip type, and
-// for the twelve types whose page depends on the chip's sub-type, one row per sub-type that gives
-// a page of its own.
+// for the types whose page depends on the chip's sub-type, one row per page a sub-type can give.
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-// A sub-type choice of one of the twelve types; className null = no page for that sub-type.
-inline constexpr int kAnyOtherSubType = -1;
-struct SubTypeChoice {
-    int chipType;
-    int subType; // kAnyOtherSubType: every sub-type not listed for the type
-    const char* className;
-};
-std::span<const SubTypeChoice> SubTypeChoices();
-bool DependsOnSubType(int chipType);
-
 struct CatalogEntry {
     int chipType;
-    int subType; // 0 where the sub-type does not matter or any other sub-type gives this page
+    int subType; // the sub-type the row opens with: 0, or the first sub-type that gives this page
     std::string className;
     std::string modelName;
     unsigned templateId;
-    bool needsSubType;
+    bool needsSubType; // the type's page depends on the sub-type
 };
 
-std::vector<CatalogEntry> ChipCatalog();
+// Every row, by type and sub-type. Built once: it asks the factory about every possible sub-type.
+const std::vector<CatalogEntry>& ChipCatalog();
 
-// The class of the page for a type and sub-type; empty when there is none.
+// The class of the page the module gives for a type and sub-type; empty when there is none.
 std::string PageClassFor(int chipType, int subType);
+bool DependsOnSubType(int chipType);
 
 // All words of the search text must occur, ignoring case, in the row's number ("47", "47/138",
 // "65536+4"), class or chip name.

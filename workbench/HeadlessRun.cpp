@@ -1,7 +1,7 @@
 #include "workbench/HeadlessRun.h"
 
 #include "workbench/ChipCatalog.h"
-#include "workbench/ChipTypesStandIn.h"
+#include "factory/ChipTypes.h"
 #include "workbench/HostWindows.h"
 #include "workbench/MessageBoxAnswerer.h"
 #include "workbench/PageSession.h"

@@ -266,18 +266,12 @@ void MainWindow::SelectRow(int chipType, int subType) {
 }
 
 static std::string SubTypeHelp(int chipType) {
-    std::string help;
-    std::string other;
-    for (const SubTypeChoice& choice : SubTypeChoices()) {
-        if (choice.chipType != chipType)
-            continue;
-        const std::string page = choice.className ? choice.className : "no page";
-        if (choice.subType == kAnyOtherSubType)
-            other = "any other: " + page;
-        else
-            help += std::to_string(choice.subType) + ": " + page + ", ";
-    }
-    return "Type " + std::to_string(chipType) + " picks its page by sub-type - " + help + other;
+    std::string pages;
+    for (const CatalogEntry& entry : ChipCatalog())
+        if (entry.chipType == chipType)
+            pages += (pages.empty() ? "" : ", ") + std::string(entry.subType ? std::to_string(entry.subType) : "others") +
+                     ": " + entry.className;
+    return "Type " + ChipTypeLabel(chipType) + " picks its page by sub-type (" + pages + ")";
 }
 
 const CatalogEntry* MainWindow::SelectedEntry() const {

@@ -1,4 +1,5 @@
 // The workbench's chip list, the start values of its simulated chips, and the register view.
+#include "factory/ChipTypes.h"
 #include "workbench/ChipCatalog.h"
 #include "workbench/ChipImages.h"
 #include "workbench/ChipPresets.h"
@@ -22,38 +23,39 @@ TEST(WorkbenchChips, ChipNamesComeFromThePageClass) {
     EXPECT_EQ(ModelNameFromClassName("CchipRegModify", 81), "CHIP81");
 }
 
-TEST(WorkbenchChips, SubTypesChooseThePageAsTheFactoryDoes) {
-    EXPECT_EQ(PageClassFor(47, 0), "CRegvaneMbi5153");
-    EXPECT_EQ(PageClassFor(47, 138), "CRegvane_SM16159");
-    EXPECT_EQ(PageClassFor(4, 312), "CRegvaneRT5938");
-    EXPECT_EQ(PageClassFor(13, 169), "");
-    EXPECT_EQ(PageClassFor(13, 1), "CRegvane_MBI5124");
-    EXPECT_EQ(PageClassFor(67, 403), "CRegvaneWS2816A");
-    EXPECT_EQ(PageClassFor(67, 0), "");
-    EXPECT_EQ(PageClassFor(129, 265), "CRegvaneCS2033");
-    EXPECT_TRUE(DependsOnSubType(349));
-    EXPECT_FALSE(DependsOnSubType(196));
-    std::set<int> twelve;
-    for (const SubTypeChoice& choice : SubTypeChoices())
-        twelve.insert(choice.chipType);
-    EXPECT_EQ(twelve, (std::set<int>{4, 5, 6, 9, 11, 13, 46, 47, 67, 91, 129, 349}));
-}
-
-TEST(WorkbenchChips, TheListHasEveryTypeOnceAndOneRowPerPageOfASubTypeChoice) {
-    const std::vector<CatalogEntry> catalog = ChipCatalog();
+TEST(WorkbenchChips, TheListHasEveryTypeAndARowForEachPageASubTypeCanGive) {
+    const std::vector<CatalogEntry>& catalog = ChipCatalog();
     std::set<std::pair<int, int>> rows;
+    std::set<int> types, bySubType;
     for (const CatalogEntry& entry : catalog) {
         EXPECT_TRUE(rows.insert({entry.chipType, entry.subType}).second) << EntryLabel(entry);
-        EXPECT_FALSE(entry.className.empty());
+        types.insert(entry.chipType);
+        if (entry.needsSubType)
+            bySubType.insert(entry.chipType);
         EXPECT_FALSE(entry.modelName.empty());
-        EXPECT_EQ(entry.needsSubType, DependsOnSubType(entry.chipType)) << EntryLabel(entry);
+        // Every row opens the page it names.
+        EXPECT_EQ(PageClassFor(entry.chipType, entry.subType), entry.className) << EntryLabel(entry);
     }
-    EXPECT_TRUE(
-        std::is_sorted(catalog.begin(), catalog.end(), [](const CatalogEntry& a, const CatalogEntry& b) {
-            return std::pair(a.chipType, a.subType) < std::pair(b.chipType, b.subType);
-        }));
-    EXPECT_TRUE(rows.count({47, 0}) && rows.count({47, 138}) && rows.count({47, 212}));
-    EXPECT_TRUE(rows.count({196, 0}));
+    EXPECT_EQ(types.size(), AllChipTypes().size());
+    EXPECT_EQ(bySubType, (std::set<int>{4, 5, 6, 9, 11, 13, 46, 47, 67, 91, 129, 349}));
+    EXPECT_TRUE(std::is_sorted(catalog.begin(), catalog.end(), [](const CatalogEntry& a, const CatalogEntry& b) {
+        return std::pair(a.chipType, a.subType) < std::pair(b.chipType, b.subType);
+    }));
+    auto classOf = [&](int type, int subType) {
+        for (const CatalogEntry& entry : catalog)
+            if (entry.chipType == type && entry.subType == subType)
+                return entry.className;
+        return std::string("(no row)");
+    };
+    EXPECT_EQ(classOf(47, 0), "CRegvaneMbi5153");
+    EXPECT_EQ(classOf(47, 138), "CRegvane_SM16159");
+    EXPECT_EQ(classOf(4, 312), "CRegvaneRT5938");
+    EXPECT_EQ(classOf(4, 160), "(no row)"); // a sub-type with no page
+    EXPECT_EQ(classOf(67, 0), "(no row)");  // only sub-type 403 gives type 67 a page
+    EXPECT_EQ(classOf(67, 403), "CRegvaneWS2816A");
+    EXPECT_EQ(classOf(129, 230), "CRegvaneCS2033");
+    EXPECT_EQ(classOf(129, 265), "(no row)"); // the same page as 230
+    EXPECT_EQ(classOf(196, 0), "CRegvaneMbi5153");
 }
 
 TEST(WorkbenchChips, SearchMatchesEveryWordAgainstNumberClassAndChipIgnoringCase) {
