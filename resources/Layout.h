@@ -2,6 +2,8 @@
 // the dialog font, and one macro per kind of row. Units are dialog units.
 #pragma once
 
+// A page is a child without a title bar; windres gives a template with a CAPTION a title bar unless
+// the CAPTION line comes first and STYLE then says RV_PAGE_STYLE | NOT WS_CAPTION.
 #define RV_PAGE_STYLE DS_SETFONT | DS_CONTROL | DS_3DLOOK | WS_CHILD | WS_CLIPSIBLINGS
 #define RV_PAGE_EXSTYLE WS_EX_CONTROLPARENT
 #define RV_PAGE_FONT FONT 8, "MS Shell Dlg", 400, 0, 0x1
