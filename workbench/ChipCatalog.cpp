@@ -26,7 +26,8 @@ bool EndsWith(std::string_view text, std::string_view suffix) {
 } // namespace
 
 std::string PageClassFor(int chipType, int subType) {
-    const ChipChoice choice = ChooseChipClass(chipType, [subType] { return static_cast<std::uint16_t>(subType); });
+    const ChipChoice choice =
+        ChooseChipClass(chipType, [subType] { return static_cast<std::uint16_t>(subType); });
     return choice ? choice.chipClass->className : "";
 }
 
@@ -40,8 +41,9 @@ const std::vector<CatalogEntry>& ChipCatalog() {
         std::vector<CatalogEntry> rows;
         for (const ChipTypeInfo& info : AllChipTypes()) {
             if (!info.dependsOnSubType) {
-                rows.push_back({info.chipType, 0, info.className, ModelNameFromClassName(info.className, info.chipType),
-                                info.templateId, false});
+                rows.push_back({info.chipType, 0, info.className,
+                                ModelNameFromClassName(info.className, info.chipType), info.templateId,
+                                false});
                 continue;
             }
             // The factory's rules are its own; asking them about every sub-type finds each page a

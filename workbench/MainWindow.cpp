@@ -145,7 +145,7 @@ void MainWindow::CreateControls() {
     const struct {
         const wchar_t* title;
         int width;
-    } columns[] = {{L"Type", 80}, {L"Page class", 170}, {L"Chip", 90}};
+    } columns[] = {{L"Type", 72}, {L"Page class", 165}, {L"Chip", 96}};
     for (int i = 0; i < 3; ++i) {
         LVCOLUMNW column{};
         column.mask = LVCF_TEXT | LVCF_WIDTH;
@@ -269,8 +269,9 @@ static std::string SubTypeHelp(int chipType) {
     std::string pages;
     for (const CatalogEntry& entry : ChipCatalog())
         if (entry.chipType == chipType)
-            pages += (pages.empty() ? "" : ", ") + std::string(entry.subType ? std::to_string(entry.subType) : "others") +
-                     ": " + entry.className;
+            pages += (pages.empty() ? "" : ", ") +
+                     std::string(entry.subType ? std::to_string(entry.subType) : "others") + ": " +
+                     entry.className;
     return "Type " + ChipTypeLabel(chipType) + " picks its page by sub-type (" + pages + ")";
 }
 

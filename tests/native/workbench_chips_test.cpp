@@ -38,9 +38,10 @@ TEST(WorkbenchChips, TheListHasEveryTypeAndARowForEachPageASubTypeCanGive) {
     }
     EXPECT_EQ(types.size(), AllChipTypes().size());
     EXPECT_EQ(bySubType, (std::set<int>{4, 5, 6, 9, 11, 13, 46, 47, 67, 91, 129, 349}));
-    EXPECT_TRUE(std::is_sorted(catalog.begin(), catalog.end(), [](const CatalogEntry& a, const CatalogEntry& b) {
-        return std::pair(a.chipType, a.subType) < std::pair(b.chipType, b.subType);
-    }));
+    EXPECT_TRUE(
+        std::is_sorted(catalog.begin(), catalog.end(), [](const CatalogEntry& a, const CatalogEntry& b) {
+            return std::pair(a.chipType, a.subType) < std::pair(b.chipType, b.subType);
+        }));
     auto classOf = [&](int type, int subType) {
         for (const CatalogEntry& entry : catalog)
             if (entry.chipType == type && entry.subType == subType)
