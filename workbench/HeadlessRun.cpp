@@ -137,9 +137,15 @@ int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHo
                     : "start values");
     if (!opened.hasPage) {
         PrintLog(session, boxes);
+        std::string why = pageClass.empty() ? "" : " (" + pageClass + ")";
+        if (pageClass.empty() && DependsOnSubType(chipType)) {
+            why = " with this sub-type; sub-types with a page:";
+            for (const CatalogEntry& entry : ChipCatalog())
+                if (entry.chipType == chipType)
+                    why += " " + std::to_string(entry.subType) + " (" + entry.className + ")";
+        }
         std::fprintf(stderr, "error: regvane.dll gives no page for chip type %s%s\n",
-                     PageLabel(chipType, subType).c_str(),
-                     pageClass.empty() ? "" : (" (" + pageClass + ")").c_str());
+                     PageLabel(chipType, subType).c_str(), why.c_str());
         return kExitNoPage;
     }
     frame.FitPage(session.Page());
