@@ -4,3 +4,4 @@
 
 #include "dialogs/chips/ChipRegModify.h"
 #include "dialogs/chips/Mbi5153.h"
+#include "dialogs/chips/ParamTablePages.h"

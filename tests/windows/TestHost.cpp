@@ -1,6 +1,7 @@
 #include "TestHost.h"
 
 #include <algorithm>
+#include <dlgs.h>
 #include <stdexcept>
 
 namespace {
@@ -155,6 +156,8 @@ DWORD WINAPI MessageBoxWatcher::Run(void* param) {
         for (HWND box : state.found) {
             if (std::find(self->m_answered.begin(), self->m_answered.end(), box) != self->m_answered.end())
                 continue;
+            if (BelongsToFileDialog(box))
+                continue; // FileDialogWatcher's to answer
             // Pages are children, never top-level: a top-level dialog here is a box the page opened.
             Box seen{};
             wchar_t text[1024] = {};
@@ -170,6 +173,111 @@ DWORD WINAPI MessageBoxWatcher::Run(void* param) {
             LeaveCriticalSection(&self->m_lock);
             self->m_answered.push_back(box);
             PostMessageW(box, WM_COMMAND, MAKEWPARAM(self->m_answer, BN_CLICKED), 0);
+        }
+        Sleep(20);
+    }
+    return 0;
+}
+
+bool BelongsToFileDialog(HWND window) {
+    // The file-type list (cmb1) is in every common file dialog and in no message box.
+    auto isFileDialog = [](HWND w) { return w && GetDlgItem(w, cmb1) != nullptr; };
+    return isFileDialog(window) || isFileDialog(GetWindow(window, GW_OWNER));
+}
+
+namespace {
+
+std::wstring WindowText(HWND window) {
+    wchar_t text[1024] = {};
+    GetWindowTextW(window, text, 1024);
+    return text;
+}
+
+// The file-name field: an edit (edt1) in some dialog layouts, an editable combo (cmb13) in others.
+HWND FileNameField(HWND dialog) {
+    if (HWND edit = GetDlgItem(dialog, edt1))
+        return edit;
+    return GetDlgItem(dialog, cmb13);
+}
+
+std::vector<std::wstring> ComboItems(HWND combo) {
+    std::vector<std::wstring> items;
+    const LRESULT count = SendMessageW(combo, CB_GETCOUNT, 0, 0);
+    for (LRESULT i = 0; i < count; ++i) {
+        wchar_t text[256] = {};
+        if (SendMessageW(combo, CB_GETLBTEXTLEN, static_cast<WPARAM>(i), 0) < 255)
+            SendMessageW(combo, CB_GETLBTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(text));
+        items.push_back(text);
+    }
+    return items;
+}
+
+} // namespace
+
+FileDialogWatcher::FileDialogWatcher(std::vector<std::wstring> answers) : m_answers(std::move(answers)) {
+    InitializeCriticalSection(&m_lock);
+    m_thread = CreateThread(nullptr, 0, Run, this, 0, nullptr);
+}
+
+FileDialogWatcher::~FileDialogWatcher() {
+    InterlockedExchange(&m_stop, 1);
+    WaitForSingleObject(m_thread, INFINITE);
+    CloseHandle(m_thread);
+    DeleteCriticalSection(&m_lock);
+}
+
+std::vector<FileDialogWatcher::Dialog> FileDialogWatcher::Dialogs() const {
+    EnterCriticalSection(&m_lock);
+    std::vector<Dialog> copy = m_seen;
+    LeaveCriticalSection(&m_lock);
+    return copy;
+}
+
+DWORD WINAPI FileDialogWatcher::Run(void* param) {
+    auto* self = static_cast<FileDialogWatcher*>(param);
+    std::size_t nextAnswer = 0;
+    while (!InterlockedCompareExchange(&self->m_stop, 0, 0)) {
+        FindState state{GetCurrentProcessId(), {}};
+        EnumWindows(CollectDialogs, reinterpret_cast<LPARAM>(&state));
+        for (HWND window : state.found) {
+            if (!BelongsToFileDialog(window) ||
+                std::find(self->m_answered.begin(), self->m_answered.end(), window) != self->m_answered.end())
+                continue;
+            self->m_answered.push_back(window);
+            if (GetDlgItem(window, cmb1) == nullptr) {
+                // A question of the file dialog: noted with its dialog, answered Yes.
+                const std::wstring text = WindowText(GetDlgItem(window, 0xFFFF));
+                EnterCriticalSection(&self->m_lock);
+                if (!self->m_seen.empty())
+                    self->m_seen.back().prompts.push_back(text);
+                LeaveCriticalSection(&self->m_lock);
+                PostMessageW(window, WM_COMMAND, MAKEWPARAM(IDYES, BN_CLICKED), 0);
+                continue;
+            }
+            Dialog seen;
+            seen.title = WindowText(window);
+            seen.okButton = WindowText(GetDlgItem(window, IDOK));
+            HWND nameField = FileNameField(window);
+            seen.proposedName = WindowText(nameField);
+            seen.fileTypes = ComboItems(GetDlgItem(window, cmb1));
+            EnterCriticalSection(&self->m_lock);
+            self->m_seen.push_back(seen);
+            LeaveCriticalSection(&self->m_lock);
+            if (self->m_probe)
+                self->m_probe();
+            const std::wstring answer =
+                nextAnswer < self->m_answers.size() ? self->m_answers[nextAnswer] : std::wstring();
+            ++nextAnswer;
+            if (answer.empty()) {
+                PostMessageW(window, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED),
+                             reinterpret_cast<LPARAM>(GetDlgItem(window, IDCANCEL)));
+                continue;
+            }
+            DWORD_PTR ignored = 0;
+            SendMessageTimeoutW(nameField, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(answer.c_str()),
+                                SMTO_BLOCK, 5000, &ignored);
+            PostMessageW(window, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED),
+                         reinterpret_cast<LPARAM>(GetDlgItem(window, IDOK)));
         }
         Sleep(20);
     }

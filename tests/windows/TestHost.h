@@ -8,6 +8,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -72,6 +73,44 @@ private:
     std::vector<Box> m_seen;
     std::vector<HWND> m_answered;
 };
+
+// Answers the common file dialogs (open and save) a page shows while a test drives it: a second
+// thread finds each visible file dialog of this process, notes what it offers, types the next
+// queued path into its file-name field and presses its OK button, or cancels when the queued
+// answer is empty (and when the queue is used up). A question the file dialog itself asks
+// ("replace the existing file?") is answered Yes. Each dialog is answered once.
+class FileDialogWatcher {
+public:
+    explicit FileDialogWatcher(std::vector<std::wstring> answers);
+    ~FileDialogWatcher();
+    FileDialogWatcher(const FileDialogWatcher&) = delete;
+    FileDialogWatcher& operator=(const FileDialogWatcher&) = delete;
+
+    // Runs on the watcher's thread while a file dialog is open, before it is answered.
+    void WhileOpen(std::function<void()> probe) { m_probe = std::move(probe); }
+
+    struct Dialog {
+        std::wstring title;
+        std::wstring okButton;
+        std::wstring proposedName;           // the file-name field as the dialog opened
+        std::vector<std::wstring> fileTypes; // the entries of the file-type list
+        std::vector<std::wstring> prompts;   // texts of the questions it asked before closing
+    };
+    std::vector<Dialog> Dialogs() const;
+
+private:
+    static DWORD WINAPI Run(void* self);
+    std::vector<std::wstring> m_answers;
+    std::function<void()> m_probe;
+    volatile LONG m_stop = 0;
+    HANDLE m_thread = nullptr;
+    mutable CRITICAL_SECTION m_lock;
+    std::vector<Dialog> m_seen;
+    std::vector<HWND> m_answered;
+};
+
+// A common file dialog, or a question one of them asks: never a page's own message box.
+bool BelongsToFileDialog(HWND window);
 
 // Runs the message loop until nothing is pending.
 void PumpMessages();

@@ -1,0 +1,41 @@
+// The page of a chip whose registers are a parameter table: the table in a list, Export and Import
+// through the file dialogs, OK and Cancel as on every chip page. The page classes differ only in
+// their name, template and which table they edit (dialogs/chips/ParamTablePages.h).
+#pragma once
+
+#include "dialogs/common/ChipDialog.h"
+#include "paramfiles/RegisterParamTable.h"
+
+#include <memory>
+#include <string>
+
+enum class ParamTableKind { Chip, Cns7363, Mbi5292 };
+
+class CParamTablePage : public CChipDialog {
+public:
+    CParamTablePage(UINT templateId, IRegvane* chip, HWND parent, const wchar_t* caption,
+                    ParamTableKind kind);
+
+    // 0 on success, 0x80004005 when the file cannot be written.
+    ParamFileResult ExportParameterFile(const std::wstring& path);
+    // 0 on success (the table went to the host and the change test ran), 0x80004005 when the file
+    // cannot be opened or is not the chip's.
+    ParamFileResult ImportParameterFile(const std::wstring& path);
+
+protected:
+    void OnInitControls() override;
+    void RefreshFromChip() override;
+    bool OnCommand(UINT notifyCode, UINT id, HWND control) override;
+    bool ChipDiffersFromSnapshot() override;
+    void RestoreSnapshot() override;
+
+    void OnBnClickedExport();
+    void OnBnClickedImport();
+
+private:
+    void FillList();
+
+    ParamTableKind m_kind;
+    std::unique_ptr<RegisterParamTable> m_table; // null without a host
+    ParamReadStatus m_lastImportStatus = ParamReadStatus::Ok;
+};
