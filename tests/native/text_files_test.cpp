@@ -3,6 +3,7 @@
 #include "framework/StdioFileEx.h"
 #include "framework/TextEncoding.h"
 #include "framework/Translate.h"
+#include "module/LanguageSelection.h"
 
 #include <gtest/gtest.h>
 
@@ -58,6 +59,33 @@ std::vector<std::wstring> ReadAllLines(const std::wstring& path) {
     while (file.ReadString(line))
         lines.push_back(line);
     return lines;
+}
+
+// The section names of a language file, in file order.
+std::vector<std::wstring> SectionNames(const fs::path& file) {
+    std::vector<std::wstring> names;
+    for (std::wstring line : ReadAllLines(file.wstring())) {
+        while (!line.empty() && (line.back() == L' ' || line.back() == L'\t'))
+            line.pop_back();
+        if (line.size() > 2 && line.front() == L'[' && line.back() == L']')
+            names.push_back(line.substr(1, line.size() - 2));
+    }
+    return names;
+}
+
+// The numbers a text names: bit and byte positions, ranges, chip models.
+std::set<std::wstring> DigitRuns(const std::wstring& text) {
+    std::set<std::wstring> runs;
+    std::wstring run;
+    for (const wchar_t c : text + L' ') {
+        if (c >= L'0' && c <= L'9') {
+            run.push_back(c);
+        } else if (!run.empty()) {
+            runs.insert(run);
+            run.clear();
+        }
+    }
+    return runs;
 }
 
 TEST(TextEncoding, Utf8RoundTripsEveryPlaneAndReplacesBrokenBytes) {
@@ -201,6 +229,62 @@ TEST(Translate, EveryStringIdOfTheCodeIsInEveryShippedLanguageFile) {
                 << id << " is missing from " << entry.path().filename();
     }
     EXPECT_GE(files, 2);
+}
+
+// Every language the host can select ships its file, and every file has every text the English
+// one has, with the same numbers in it. A text added to English but forgotten elsewhere fails here:
+// Russian has no fallback file, so there a gap would show the template's English or a bare id.
+// English, in turn, holds every key any language has, so it is the complete list.
+TEST(Translate, EveryLanguageOfTheHostShipsEveryTextOfTheEnglishFile) {
+    const fs::path folder = fs::path(REGVANE_SOURCE_DIR) / "resources" / "lang";
+    std::set<std::wstring> fileNames;
+    for (int index = 1; index <= kLanguageCount; ++index) {
+        const LanguageFileNames names = LanguageFilesForIndex(index);
+        fileNames.insert(names.primary);
+        if (*names.fallback)
+            fileNames.insert(names.fallback);
+    }
+
+    const fs::path englishPath = folder / "Multi_eng.ini";
+    LanguageFile english;
+    ASSERT_TRUE(english.Load(englishPath.wstring()));
+    const std::vector<std::wstring> englishSections = SectionNames(englishPath);
+    ASSERT_NE(english.Section(CTranslate::kStringSection), nullptr);
+
+    for (const std::wstring& fileName : fileNames) {
+        const fs::path path = folder / fileName;
+        SCOPED_TRACE(path.filename().string());
+        ASSERT_TRUE(fs::exists(path)) << "the host can select this language but no file ships for it";
+        std::ifstream raw(path, std::ios::binary);
+        std::string bom(3, '\0');
+        raw.read(bom.data(), 3);
+        EXPECT_EQ(bom, "\xEF\xBB\xBF") << "language files are UTF-8 with a byte-order mark";
+
+        LanguageFile language;
+        ASSERT_TRUE(language.Load(path.wstring()));
+        for (const std::wstring& section : englishSections) {
+            const auto* englishEntries = english.Section(section);
+            if (!englishEntries)
+                continue; // a header with no keys
+            for (const auto& [key, englishText] : *englishEntries) {
+                const std::wstring* text = language.Find(section, key);
+                if (!text) {
+                    ADD_FAILURE() << "[" << section << "] " << key << " is missing";
+                    continue;
+                }
+                EXPECT_FALSE(text->empty()) << "[" << section << "] " << key << " is empty";
+                const std::set<std::wstring> numbers = DigitRuns(*text);
+                for (const std::wstring& number : DigitRuns(englishText))
+                    EXPECT_TRUE(numbers.count(number))
+                        << "[" << section << "] " << key << "=" << *text << " lost the number " << number;
+            }
+        }
+        for (const std::wstring& section : SectionNames(path))
+            if (const auto* entries = language.Section(section))
+                for (const auto& entry : *entries)
+                    EXPECT_NE(english.Find(section, entry.first), nullptr)
+                        << "[" << section << "] " << entry.first << " is missing from Multi_eng.ini";
+    }
 }
 
 } // namespace
