@@ -6,6 +6,7 @@ packages=(
   cmake ninja-build g++ googletest libgtest-dev libbenchmark-dev
   g++-mingw-w64-x86-64-posix mingw-w64-tools libz-mingw-w64-dev
   wine64 xvfb xauth fonts-wine x11-apps imagemagick
+  zlib1g-dev
 )
 missing=()
 for p in "${packages[@]}"; do

@@ -1,6 +1,9 @@
 #!/usr/bin/env bash
-# The main job: builds the module and the workbench, then runs the workbench under Wine. With no
-# X display it runs headless inside Xvfb. Arguments go to the workbench.
+# The main job: builds the module and the workbench, then runs the workbench under Wine.
+# With an X display it opens the workbench window. Without one it runs headless in its own Xvfb:
+# it opens the MBI5153 page (chip type 47), moves the red gain, presses Default, prints the calls
+# the page made and the register bytes, and writes a picture of the page into
+# build/windows/screenshots/. Arguments go to the workbench (RegvaneWorkbench.exe --help lists them).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -13,8 +16,16 @@ workbench=build/windows/App/Bin/RegvaneWorkbench.exe
 status=0
 if [[ -n "${DISPLAY:-}" ]]; then
   cmake/wine-run.sh "$workbench" "$@" || status=$?
+  /usr/lib/wine/wineserver -k 2>/dev/null || true
 else
-  xvfb-run -a -s "-screen 0 1280x1024x24" cmake/wine-run.sh "$workbench" --headless "$@" || status=$?
+  if (($# == 0)); then
+    set -- --type 47 --do "slider 8123 20; click 8025"
+  fi
+  # Wine's session ends inside Xvfb's lifetime, so nothing of it outlives the display it uses.
+  xvfb-run -a -s "-screen 0 1280x1024x24" bash -c '
+    status=0
+    cmake/wine-run.sh "$0" --headless "$@" || status=$?
+    /usr/lib/wine/wineserver -k 2>/dev/null || true
+    exit $status' "$workbench" "$@" || status=$?
 fi
-/usr/lib/wine/wineserver -k 2>/dev/null || true
 exit $status

@@ -3,8 +3,21 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 namespace {
+
+SimulatedChip* g_functionHost = nullptr;
+
+template <int Table, std::size_t Index>
+int REGVANE_CALL ChipFunction(std::intptr_t a, std::intptr_t b, std::intptr_t c) {
+    return g_functionHost ? g_functionHost->CallChipFunction(Table, Index, a, b, c) : -1;
+}
+
+template <int Table, std::size_t... Index>
+void FillFunctionTable(RegvaneChipFunction* entries, std::index_sequence<Index...>) {
+    ((entries[Index] = &ChipFunction<Table, Index>), ...);
+}
 
 void RecordInto(std::vector<HostCall>& log, std::string name, std::vector<std::int64_t> args,
                 const std::uint8_t* bytes, std::size_t size) {
@@ -64,6 +77,25 @@ std::string HostCall::ToString() const {
 
 SimulatedChip::SimulatedChip(std::uint16_t type, std::uint16_t subType)
     : chipType(type), chipSubType(subType) {}
+
+SimulatedChip::~SimulatedChip() {
+    if (g_functionHost == this)
+        g_functionHost = nullptr;
+}
+
+void SimulatedChip::OfferChipFunctions() {
+    FillFunctionTable<1>(functionTable.entries, std::make_index_sequence<kFunctionTableEntries>());
+    FillFunctionTable<2>(functionTable2.entries, std::make_index_sequence<kFunctionTable2Entries>());
+    FillFunctionTable<3>(functionTable3.entries, std::make_index_sequence<kFunctionTable3Entries>());
+    g_functionHost = this;
+}
+
+int SimulatedChip::CallChipFunction(int table, std::size_t index, std::intptr_t a, std::intptr_t b,
+                                    std::intptr_t c) {
+    static const char* const kNames[] = {"FunctionTable", "FunctionTable2", "FunctionTable3"};
+    Record(kNames[std::clamp(table, 1, 3) - 1], {static_cast<std::int64_t>(index), a, b, c});
+    return functionResult;
+}
 
 void SimulatedChip::Record(std::string name, std::vector<std::int64_t> args, const std::uint8_t* bytes,
                            std::size_t size) {

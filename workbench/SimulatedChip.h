@@ -24,6 +24,9 @@ struct HostCall {
 class SimulatedChip : public IRegvane {
 public:
     explicit SimulatedChip(std::uint16_t chipType = 47, std::uint16_t chipSubType = 0);
+    SimulatedChip(const SimulatedChip&) = default;
+    SimulatedChip& operator=(const SimulatedChip&) = default;
+    ~SimulatedChip();
 
     // Host-side state, freely set by the workbench and tests.
     std::uint16_t chipType;
@@ -46,6 +49,16 @@ public:
     RegvaneFunctionTable functionTable{};
     RegvaneFunctionTable2 functionTable2{};
     RegvaneFunctionTable3 functionTable3{};
+    // What every offered chip function returns: 0 is success, anything else a failure.
+    int functionResult = 0;
+
+    // Fills every entry of the three function tables, so pages find each chip function offered;
+    // each call is logged as "FunctionTable(index, a, b, c)" (or FunctionTable2/3) and returns
+    // functionResult. The entries are plain function pointers with no room for the chip, so the
+    // calls go to the chip that offered its functions last.
+    void OfferChipFunctions();
+    // The host side of one function-table entry; table is 1, 2 or 3.
+    int CallChipFunction(int table, std::size_t index, std::intptr_t a, std::intptr_t b, std::intptr_t c);
 
     std::vector<HostCall> log;
     void ClearLog() { log.clear(); }

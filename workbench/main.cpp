@@ -1,59 +1,51 @@
-// RegvaneWorkbench: plays the host's part for regvane.dll.
-#include "host/RegvaneExports.h"
-#include "workbench/SimulatedChip.h"
-
-#include <windows.h>
+// RegvaneWorkbench: plays the host's part for regvane.dll with simulated chips, in a window or,
+// with --headless, driven by a script.
+#include "module/LanguageSelection.h"
+#include "workbench/HeadlessRun.h"
+#include "workbench/HostModule.h"
+#include "workbench/MainWindow.h"
+#include "workbench/Win32Text.h"
+#include "workbench/WorkbenchOptions.h"
 
 #include <cstdio>
 #include <string>
 #include <vector>
 
-namespace {
-
-std::wstring ProgramFolder() {
-    wchar_t path[MAX_PATH];
-    const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
-    std::wstring folder(path, length);
-    return folder.substr(0, folder.find_last_of(L'\\') + 1);
-}
-
-std::string FileVersion(const std::wstring& path) {
-    DWORD handle = 0;
-    const DWORD size = GetFileVersionInfoSizeW(path.c_str(), &handle);
-    std::vector<BYTE> data(size);
-    VS_FIXEDFILEINFO* info = nullptr;
-    UINT length = 0;
-    if (!size || !GetFileVersionInfoW(path.c_str(), 0, size, data.data()) ||
-        !VerQueryValueW(data.data(), L"\\", reinterpret_cast<void**>(&info), &length))
-        return "unknown";
-    return std::to_string(HIWORD(info->dwFileVersionMS)) + "." +
-           std::to_string(LOWORD(info->dwFileVersionMS)) + "." +
-           std::to_string(HIWORD(info->dwFileVersionLS));
-}
-
-} // namespace
-
 int wmain(int argc, wchar_t** argv) {
-    const std::wstring dllPath = ProgramFolder() + L"regvane.dll";
-    HMODULE module = LoadLibraryW(dllPath.c_str());
-    if (!module) {
-        std::fprintf(stderr, "error: regvane.dll did not load (error %lu)\n", GetLastError());
-        return 1;
+    // Every line reaches a pipe at once, so a reader sees how far a run got.
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
+    const ParsedOptions parsed = ParseOptions(std::vector<std::wstring>(argv + 1, argv + argc));
+    if (!parsed.error.empty()) {
+        std::fprintf(stderr, "error: %s\n", parsed.error.c_str());
+        return kExitBadCommandLine;
     }
-    auto init =
-        reinterpret_cast<InitRegvaneFn>(reinterpret_cast<void*>(GetProcAddress(module, "InitRegvane")));
-    auto languageChanged = reinterpret_cast<RegvaneLanguageChangedFn>(
-        reinterpret_cast<void*>(GetProcAddress(module, "RegvaneLanguageChanged")));
-    if (!init || !languageChanged) {
-        std::fprintf(stderr, "error: regvane.dll lacks InitRegvane or RegvaneLanguageChanged\n");
-        return 1;
+    const WorkbenchOptions& options = parsed.options;
+    if (options.help) {
+        std::fputs(kWorkbenchUsage, stdout);
+        return kExitDone;
     }
-    SimulatedHostCallback callback;
-    init(&callback);
-    languageChanged();
-    std::printf("regvane.dll %s loaded; InitRegvane and RegvaneLanguageChanged called; language index %d\n",
-                FileVersion(dllPath).c_str(), callback.language);
-    for (const HostCall& call : callback.log)
-        std::printf("host call: %s\n", call.ToString().c_str());
-    return 0;
+    if (options.list) {
+        PrintChipList();
+        return kExitDone;
+    }
+
+    HostModule module;
+    if (const std::string error = module.Load(); !error.empty()) {
+        std::fprintf(stderr, "error: %s\n", error.c_str());
+        return kExitModuleUnusable;
+    }
+    // The module keeps the callback for as long as it is loaded.
+    static SimulatedHostCallback callback;
+    callback.language = options.language ? options.language : 3;
+    module.InitRegvane(&callback);
+    module.RegvaneLanguageChanged();
+    std::printf("regvane.dll %s loaded from %s; language %d (%s)\n", module.Version().c_str(),
+                DisplayPath(module.path).c_str(), callback.language,
+                Utf8(LanguageDisplayName(callback.language)).c_str());
+
+    if (!options.allPagesFolder.empty())
+        return RunAllPages(options, module, callback);
+    if (options.headless)
+        return RunScripted(options, module, callback);
+    return RunWindow(options, module, callback);
 }

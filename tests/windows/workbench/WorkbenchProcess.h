@@ -1,0 +1,38 @@
+// RegvaneWorkbench.exe run as a child process the way a person or a script runs it, with its own
+// profile folder, so tests see exactly what the command prints and leaves on disk.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+struct WorkbenchRun {
+    DWORD status = 0;
+    std::string out;
+    std::string err;
+    // The printed line that starts with prefix (after leading spaces), or empty.
+    std::string Line(const std::string& prefix) const;
+};
+
+// A fresh folder under %TEMP%, removed with everything in it at the end of the test.
+class TempFolder {
+public:
+    TempFolder();
+    ~TempFolder();
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+    const std::wstring& Path() const { return m_path; }
+    std::wstring File(const std::wstring& name) const { return m_path + L"\\" + name; }
+    // Names of the files in the folder matching a pattern such as L"chip-47.txt*".
+    std::vector<std::wstring> Files(const std::wstring& pattern = L"*") const;
+
+private:
+    std::wstring m_path;
+};
+
+// Runs the workbench beside the test program with these arguments (quoted as given).
+WorkbenchRun RunWorkbench(const std::wstring& arguments);
+
+std::string ReadFileBytes(const std::wstring& path);
+void WriteFileBytes(const std::wstring& path, const std::string& bytes);

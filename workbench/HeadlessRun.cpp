@@ -1,0 +1,287 @@
+#include "workbench/HeadlessRun.h"
+
+#include "workbench/ChipCatalog.h"
+#include "factory/ChipTypes.h"
+#include "workbench/HostWindows.h"
+#include "workbench/MessageBoxAnswerer.h"
+#include "workbench/PageSession.h"
+#include "workbench/PagesIndex.h"
+#include "workbench/ScreenCapture.h"
+#include "workbench/Win32Text.h"
+#include "workbench/WorkbenchScript.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+std::wstring FullPath(const std::wstring& path) {
+    wchar_t full[MAX_PATH];
+    const DWORD length = GetFullPathNameW(path.c_str(), MAX_PATH, full, nullptr);
+    return length > 0 && length < MAX_PATH ? std::wstring(full) : path;
+}
+
+bool MakeFolders(const std::wstring& folder) {
+    if (folder.empty() || GetFileAttributesW(folder.c_str()) != INVALID_FILE_ATTRIBUTES)
+        return true;
+    const std::size_t slash = folder.find_last_of(L"\\/");
+    if (slash != std::wstring::npos && slash > 0 && folder[slash - 1] != L':')
+        MakeFolders(folder.substr(0, slash));
+    return CreateDirectoryW(folder.c_str(), nullptr) || GetLastError() == ERROR_ALREADY_EXISTS;
+}
+
+std::wstring FolderOf(const std::wstring& path) {
+    const std::size_t slash = path.find_last_of(L"\\/");
+    return slash == std::wstring::npos ? L"." : path.substr(0, slash);
+}
+
+bool ReadTextFile(const std::wstring& path, std::string& text) {
+    HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                              FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return false;
+    char buffer[4096];
+    DWORD read = 0;
+    while (ReadFile(file, buffer, sizeof buffer, &read, nullptr) && read)
+        text.append(buffer, read);
+    CloseHandle(file);
+    if (text.rfind("\xEF\xBB\xBF", 0) == 0)
+        text.erase(0, 3);
+    return true;
+}
+
+// Every line of the log of one step, indented under the step.
+void PrintLog(PageSession& session, MessageBoxAnswerer& boxes) {
+    for (const std::wstring& box : boxes.TakeAnswered())
+        session.Note("message box answered with OK: " + Utf8(box));
+    for (const std::string& line : session.TakeLog())
+        std::printf("    %s\n", line.c_str());
+}
+
+void PrintImages(const PageSession& session) {
+    std::printf("register images (^^ marks the bytes the last change touched):\n");
+    for (const HexLine& line : session.ImageLines()) {
+        std::printf("  %s\n", line.text.c_str());
+        const std::string carets = CaretLine(line);
+        if (!carets.empty())
+            std::printf("  %s\n", carets.c_str());
+    }
+}
+
+std::string PageLabel(int chipType, int subType) {
+    return ChipTypeLabel(chipType) + (subType ? " sub-type " + std::to_string(subType) : "");
+}
+
+} // namespace
+
+bool LoadScript(const WorkbenchOptions& options, std::vector<ScriptAction>& actions) {
+    actions.clear();
+    if (!options.scriptFile.empty()) {
+        std::string text;
+        if (!ReadTextFile(options.scriptFile, text)) {
+            std::fprintf(stderr, "error: cannot read the script %s (%s)\n", Utf8(options.scriptFile).c_str(),
+                         LastErrorText().c_str());
+            return false;
+        }
+        const std::wstring name = options.scriptFile.substr(options.scriptFile.find_last_of(L"\\/") + 1);
+        ParsedScript script = ParseScript(text, Utf8(name));
+        if (script.error) {
+            std::fprintf(stderr, "error: %s\n", script.error->ToString().c_str());
+            return false;
+        }
+        actions = std::move(script.actions);
+    }
+    if (!options.inlineActions.empty()) {
+        ParsedScript script = ParseScript(options.inlineActions, "--do", true);
+        if (script.error) {
+            std::fprintf(stderr, "error: %s\n", script.error->ToString().c_str());
+            actions.clear();
+            return false;
+        }
+        actions.insert(actions.end(), script.actions.begin(), script.actions.end());
+    }
+    return true;
+}
+
+void PrintChipList() {
+    std::printf("%-12s %-28s %s\n", "type", "page class", "chip");
+    for (const CatalogEntry& entry : ChipCatalog())
+        std::printf("%-12s %-28s %s\n", EntryLabel(entry).c_str(), entry.className.c_str(),
+                    entry.modelName.c_str());
+}
+
+int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback) {
+    std::vector<ScriptAction> actions;
+    if (!LoadScript(options, actions))
+        return kExitBadCommandLine;
+    const int chipType = *options.chipType;
+    const int subType = options.subType;
+    if (!FindChipType(chipType)) {
+        std::fprintf(stderr, "error: there is no chip type %s (--list shows every chip type)\n",
+                     ChipTypeLabel(chipType).c_str());
+        return kExitBadCommandLine;
+    }
+
+    ChipStore store(options.profile);
+    PageSession session(module, callback);
+    HeadlessFrame frame(session);
+    MessageBoxAnswerer boxes;
+    const PageSession::Opened opened = session.Open(chipType, subType, frame.View(), &store, options.reset);
+    if (!opened.warning.empty())
+        std::fprintf(stderr, "warning: %s\n", opened.warning.c_str());
+    const std::string pageClass = session.PageClass();
+    std::printf("chip type %s: %s (%s), %s\n", PageLabel(chipType, subType).c_str(),
+                pageClass.empty() ? "no page class" : pageClass.c_str(), session.Chip().modelName.c_str(),
+                opened.fromFile
+                    ? ("saved images from " + DisplayPath(store.FileFor(chipType, subType))).c_str()
+                    : "start values");
+    if (!opened.hasPage) {
+        PrintLog(session, boxes);
+        std::string why = pageClass.empty() ? "" : " (" + pageClass + ")";
+        if (pageClass.empty() && DependsOnSubType(chipType)) {
+            why = " with this sub-type; sub-types with a page:";
+            for (const CatalogEntry& entry : ChipCatalog())
+                if (entry.chipType == chipType)
+                    why += " " + std::to_string(entry.subType) + " (" + entry.className + ")";
+        }
+        std::fprintf(stderr, "error: regvane.dll gives no page for chip type %s%s\n",
+                     PageLabel(chipType, subType).c_str(), why.c_str());
+        return kExitNoPage;
+    }
+    frame.FitPage(session.Page());
+    RECT rect{};
+    GetWindowRect(session.Page(), &rect);
+    std::printf("page %s at screen (%ld, %ld), %ld x %ld pixels\n", session.PageClass().c_str(), rect.left,
+                rect.top, rect.right - rect.left, rect.bottom - rect.top);
+    PrintLog(session, boxes);
+    session.AfterChange();
+
+    int status = kExitDone;
+    for (const ScriptAction& action : actions) {
+        std::printf("> %s    (%s)\n", action.written.c_str(), action.where.c_str());
+        const std::string error = session.Run(action);
+        PumpMessages();
+        if (!session.AfterChange().empty())
+            status = kExitActionFailed;
+        PrintLog(session, boxes);
+        if (!error.empty()) {
+            std::fprintf(stderr, "error: %s: %s\n", action.where.c_str(), error.c_str());
+            status = kExitActionFailed;
+            break;
+        }
+    }
+    PrintImages(session);
+    const std::wstring saved = store.FileFor(chipType, subType);
+    if (GetFileAttributesW(saved.c_str()) != INVALID_FILE_ATTRIBUTES)
+        std::printf("the chip persists in %s\n", DisplayPath(saved).c_str());
+
+    const std::wstring picture =
+        FullPath(!options.screenshot.empty()
+                     ? options.screenshot
+                     : ProgramFolder() + L"..\\..\\screenshots\\page-" + std::to_wstring(chipType) +
+                           (subType ? L"-" + std::to_wstring(subType) : L"") + L".png");
+    SIZE size{};
+    bool cropped = false;
+    std::string error = MakeFolders(FolderOf(picture)) ? "" : "cannot create " + Utf8(FolderOf(picture));
+    if (error.empty())
+        error = CaptureWindowPng(session.Page(), picture, size, cropped);
+    if (!error.empty()) {
+        std::fprintf(stderr, "error: no screenshot: %s\n", error.c_str());
+        return status == kExitDone ? kExitScreenshotFailed : status;
+    }
+    std::printf("screenshot %s (%ld x %ld pixels%s)\n", DisplayPath(picture).c_str(), size.cx, size.cy,
+                cropped ? ", cut off at the screen's edge" : "");
+    session.Close();
+    PrintLog(session, boxes);
+    return status;
+}
+
+int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback) {
+    std::vector<CatalogEntry> entries = ChipCatalog();
+    if (!options.onlyTypes.empty()) {
+        for (const int type : options.onlyTypes)
+            if (!FindChipType(type)) {
+                std::fprintf(stderr, "error: --types: there is no chip type %s\n",
+                             ChipTypeLabel(type).c_str());
+                return kExitBadCommandLine;
+            }
+        std::erase_if(entries, [&](const CatalogEntry& e) {
+            return std::find(options.onlyTypes.begin(), options.onlyTypes.end(), e.chipType) ==
+                   options.onlyTypes.end();
+        });
+    }
+    const std::wstring folder = FullPath(options.allPagesFolder);
+    if (!MakeFolders(folder)) {
+        std::fprintf(stderr, "error: cannot create %s (%s)\n", DisplayPath(folder).c_str(),
+                     LastErrorText().c_str());
+        return kExitScreenshotFailed;
+    }
+    std::printf("a picture of each of %zu chip pages into %s\n", entries.size(), DisplayPath(folder).c_str());
+
+    // Pages start from their chips' start values and save nothing: the pictures are the same run
+    // after run, whatever anyone tried in the workbench before.
+    PageSession session(module, callback);
+    HeadlessFrame frame(session);
+    MessageBoxAnswerer boxes;
+    std::vector<PagePicture> pictures;
+    int missing = 0, failed = 0;
+    const int width = static_cast<int>(std::to_string(entries.size()).size());
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const CatalogEntry& entry = entries[i];
+        PagePicture picture{EntryLabel(entry), entry.className, entry.modelName, "", 0, 0};
+        std::printf("[%*zu/%zu] %-10s %-28s ", width, i + 1, entries.size(), picture.label.c_str(),
+                    entry.className.c_str());
+        const PageSession::Opened opened =
+            session.Open(entry.chipType, entry.subType, frame.View(), nullptr, true);
+        if (!opened.hasPage) {
+            std::printf("no page\n");
+            ++missing;
+        } else {
+            frame.FitPage(session.Page());
+            const std::string file = PictureFileName(entry.chipType, entry.subType, entry.className);
+            SIZE size{};
+            bool cropped = false;
+            const std::string error =
+                CaptureWindowPng(session.Page(), folder + L"\\" + Wide(file), size, cropped);
+            if (error.empty()) {
+                picture.file = file;
+                picture.width = size.cx;
+                picture.height = size.cy;
+                std::printf("%s (%ld x %ld%s)\n", file.c_str(), size.cx, size.cy, cropped ? ", cut off" : "");
+            } else {
+                std::printf("no picture: %s\n", error.c_str());
+                ++failed;
+            }
+        }
+        std::fflush(stdout);
+        session.Close();
+        PumpMessages();
+        for (const std::wstring& box : boxes.TakeAnswered())
+            std::printf("      the page showed a message box, answered with OK: %s\n", Utf8(box).c_str());
+        session.TakeLog();
+        pictures.push_back(std::move(picture));
+    }
+
+    const std::string html = PagesIndexHtml(pictures);
+    const std::wstring index = folder + L"\\index.html";
+    HANDLE file =
+        CreateFileW(index.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    DWORD written = 0;
+    const bool indexWritten =
+        file != INVALID_HANDLE_VALUE &&
+        WriteFile(file, html.data(), static_cast<DWORD>(html.size()), &written, nullptr);
+    if (file != INVALID_HANDLE_VALUE)
+        CloseHandle(file);
+
+    const int shot = static_cast<int>(entries.size()) - missing - failed;
+    std::printf("%d pictures in %s%s", shot, DisplayPath(folder).c_str(),
+                indexWritten ? (", side by side in " + DisplayPath(index)).c_str() : "");
+    if (missing)
+        std::printf("; no page for %d of them", missing);
+    if (failed)
+        std::printf("; %d pictures failed", failed);
+    std::printf("\n");
+    if (failed || !indexWritten)
+        return kExitScreenshotFailed;
+    return missing ? kExitNoPage : kExitDone;
+}

@@ -1,0 +1,21 @@
+// The workbench without a person at the screen: one page driven by a script, or a picture of
+// every page. Both print what happened to stdout and problems to stderr.
+#pragma once
+
+#include "workbench/HostModule.h"
+#include "workbench/SimulatedChip.h"
+#include "workbench/WorkbenchOptions.h"
+
+// Opens the page of options.chipType, runs the script, prints the calls and register images and
+// writes the page's picture. Returns a WorkbenchExit.
+int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback);
+
+// A picture of every chip page (or of options.onlyTypes) in options.allPagesFolder, with an
+// index.html to see them side by side. Returns a WorkbenchExit.
+int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback);
+
+// --list: every chip page the workbench knows.
+void PrintChipList();
+
+// The script of --script and --do together; false (with the reason printed) when it is bad.
+bool LoadScript(const WorkbenchOptions& options, std::vector<struct ScriptAction>& actions);

@@ -1,0 +1,130 @@
+#include "workbench/PageSession.h"
+
+#include "workbench/ChipCatalog.h"
+#include "workbench/ChipPresets.h"
+#include "workbench/ChipSaveFile.h"
+
+#include <cstdio>
+
+void PumpMessages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+PageSession::PageSession(HostModule& module, SimulatedHostCallback& callback)
+    : m_module(module), m_callback(callback), m_callbackLogRead(callback.log.size()) {}
+
+PageSession::~PageSession() {
+    Close();
+}
+
+PageSession::Opened PageSession::Open(int chipType, int subType, HWND view, const ChipStore* store,
+                                      bool reset) {
+    Close();
+    CollectCalls();
+    Opened opened;
+    m_chip = std::make_unique<SimulatedChip>();
+    m_chipLogRead = 0;
+    SetUpSimulatedChip(*m_chip, chipType, subType);
+    m_chip->OfferChipFunctions();
+    m_store = store;
+    if (store && !reset) {
+        const ChipStore::Loaded loaded = store->Load(*m_chip);
+        opened.fromFile = loaded.fromFile;
+        opened.warning = loaded.warning;
+        if (!loaded.warning.empty())
+            Note("warning: " + loaded.warning);
+    }
+    m_savedText = FormatChipSaveFile(*m_chip);
+    m_now = m_beforeLastChange = TakeSnapshot(*m_chip);
+    ++m_changeCount;
+
+    m_page = m_module.CreateRegvaneHwnd(chipType, m_chip.get(), caption.c_str(), view);
+    opened.hasPage = m_page != nullptr;
+    if (m_page) {
+        SetWindowPos(m_page, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        ShowWindow(m_page, SW_SHOW);
+    }
+    return opened;
+}
+
+void PageSession::Close() {
+    if (m_page && IsWindow(m_page))
+        DestroyWindow(m_page);
+    m_page = nullptr;
+    if (m_chip) {
+        AfterChange(); // a page may write its chip while it closes
+        CollectCalls();
+    }
+    m_chip.reset();
+    m_store = nullptr;
+}
+
+std::string PageSession::PageClass() const {
+    if (m_page && m_module.RegvaneDialogClassName)
+        if (const char* name = m_module.RegvaneDialogClassName(m_page))
+            return name;
+    return m_chip ? PageClassFor(m_chip->chipType, m_chip->chipSubType) : "";
+}
+
+void PageSession::CollectCalls() {
+    if (m_chip) {
+        for (; m_chipLogRead < m_chip->log.size(); ++m_chipLogRead)
+            m_pending.push_back(m_chip->log[m_chipLogRead].ToString());
+    }
+    for (; m_callbackLogRead < m_callback.log.size(); ++m_callbackLogRead)
+        m_pending.push_back("callback " + m_callback.log[m_callbackLogRead].ToString());
+}
+
+void PageSession::Note(std::string line) {
+    CollectCalls();
+    m_pending.push_back(std::move(line));
+}
+
+void PageSession::NoteFrameMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    char text[96];
+    std::snprintf(text, sizeof text, "frame received 0x%04X(%lld, %lld)%s", message,
+                  static_cast<long long>(wParam), static_cast<long long>(lParam),
+                  message == 0x0904 ? " = open host page" : "");
+    Note(text);
+}
+
+std::vector<std::string> PageSession::TakeLog() {
+    CollectCalls();
+    std::vector<std::string> lines;
+    lines.swap(m_pending);
+    return lines;
+}
+
+std::string PageSession::AfterChange() {
+    if (!m_chip)
+        return {};
+    ChipImageSnapshot now = TakeSnapshot(*m_chip);
+    bool changed = now.size() != m_now.size();
+    for (std::size_t i = 0; !changed && i < now.size(); ++i)
+        changed = now[i].name != m_now[i].name || now[i].bytes != m_now[i].bytes;
+    if (changed) {
+        ++m_changeCount;
+        m_beforeLastChange = std::move(m_now);
+        m_now = std::move(now);
+    }
+    if (!m_store)
+        return {};
+    std::string text = FormatChipSaveFile(*m_chip);
+    if (text == m_savedText)
+        return {};
+    std::string error = m_store->Save(*m_chip);
+    if (error.empty())
+        m_savedText = std::move(text);
+    else
+        Note("error: the chip was not saved: " + error);
+    return error;
+}
+
+void PageSession::SendReread() {
+    if (m_page)
+        SendMessageW(m_page, kRereadMessage, 0, 0);
+}

@@ -1,0 +1,41 @@
+// The workbench's command line.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+struct WorkbenchOptions {
+    bool help = false;
+    bool list = false;     // print every chip page the workbench knows and stop
+    bool headless = false; // run the actions, print, take the screenshot and stop; no window for a user
+    std::optional<int> chipType;
+    int subType = 0;
+    std::wstring scriptFile;
+    std::string inlineActions; // every --do, joined by ';'
+    std::wstring screenshot;   // headless: where the page's picture goes
+    std::wstring allPagesFolder;
+    std::vector<int> onlyTypes; // --types: limit --all-pages to these
+    std::wstring profile;       // where chips persist; empty: %APPDATA%\Regvane\Workbench
+    int language = 0;           // 1..13; 0: the saved or default language
+    bool reset = false;         // start the chip from its start values, forgetting what was saved
+};
+
+// The workbench's exit status, as --help lists it.
+enum WorkbenchExit {
+    kExitDone = 0,
+    kExitBadCommandLine = 1, // also a bad script or an unknown chip type
+    kExitModuleUnusable = 2,
+    kExitNoPage = 3,
+    kExitActionFailed = 4,
+    kExitScreenshotFailed = 5,
+};
+
+struct ParsedOptions {
+    WorkbenchOptions options;
+    std::string error; // empty when the command line is good
+};
+
+ParsedOptions ParseOptions(const std::vector<std::wstring>& args);
+
+extern const char* const kWorkbenchUsage;
