@@ -19,15 +19,24 @@ wineserver=/usr/lib/wine/wineserver
 mkdir -p "$(dirname "$WINEPREFIX")"
 (
   flock 9
-  if [[ ! -f "$WINEPREFIX/.regvane-ready" ]]; then
+  if [[ ! -f "$WINEPREFIX/.regvane-ready-2" ]]; then
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX/drive_c/windows/Fonts"
     cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+    cjk=/usr/share/fonts/truetype/wqy/wqy-microhei.ttc
+    [[ -f $cjk ]] && cp "$cjk" "$WINEPREFIX/drive_c/windows/Fonts/"
     "$wine" wineboot -i >/dev/null 2>&1 || true
+    # Chinese, Japanese and Korean pages: the dialog fonts fall back to a CJK font, as on Windows.
+    if [[ -f $cjk ]]; then
+      for face in Tahoma "MS Shell Dlg" "Microsoft Sans Serif"; do
+        "$wine" reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink' /v "$face" \
+          /t REG_MULTI_SZ /d 'wqy-microhei.ttc,WenQuanYi Micro Hei' /f >/dev/null 2>&1
+      done
+    fi
     # No window manager under Xvfb: without this, destroying a shown window waits for one.
     "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d N /f >/dev/null 2>&1
     "$wineserver" -w
-    touch "$WINEPREFIX/.regvane-ready"
+    touch "$WINEPREFIX/.regvane-ready-2"
   fi
   # Start the session's wineserver with its output detached: it outlives this program, and a
   # wineserver holding the caller's stderr makes ctest wait for it after every test.

@@ -15,6 +15,11 @@ public:
     void SetRange(int minimum, int maximum, BOOL redraw = FALSE) const {
         SendMessage(TBM_SETRANGEMIN, FALSE, minimum);
         SendMessage(TBM_SETRANGEMAX, redraw, maximum);
+        // Some trackbars place the thumb only when the position changes: move it away and back so
+        // it is drawn where the new range puts it.
+        const int position = GetPos();
+        SendMessage(TBM_SETPOS, FALSE, position == minimum ? maximum : minimum);
+        SendMessage(TBM_SETPOS, redraw, position);
     }
     int GetRangeMin() const { return static_cast<int>(SendMessage(TBM_GETRANGEMIN)); }
     int GetRangeMax() const { return static_cast<int>(SendMessage(TBM_GETRANGEMAX)); }

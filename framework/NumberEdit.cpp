@@ -188,6 +188,10 @@ LRESULT CALLBACK CNumberEdit::EditProc(HWND window, UINT message, WPARAM wParam,
         if (wParam == L'\r')
             return 0; // already handled on key down; a single-line edit would only beep
         break;
+    case WM_SHOWWINDOW:
+        if (self->m_spin && lParam == 0)
+            ::ShowWindow(self->m_spin, wParam ? SW_SHOWNA : SW_HIDE);
+        break;
     case WM_WINDOWPOSCHANGED: {
         // The spin buttons follow the edit when a page shows or hides it.
         const auto* pos = reinterpret_cast<const WINDOWPOS*>(lParam);

@@ -16,16 +16,6 @@ std::wstring DefaultFolder() {
     return L".\\RegvaneWorkbench";
 }
 
-// Creates the folder and every missing folder above it.
-bool MakeFolders(const std::wstring& folder) {
-    if (folder.empty() || GetFileAttributesW(folder.c_str()) != INVALID_FILE_ATTRIBUTES)
-        return true;
-    const std::size_t slash = folder.find_last_of(L"\\/");
-    if (slash != std::wstring::npos && slash > 0 && folder[slash - 1] != L':')
-        MakeFolders(folder.substr(0, slash));
-    return CreateDirectoryW(folder.c_str(), nullptr) || GetLastError() == ERROR_ALREADY_EXISTS;
-}
-
 bool ReadWholeFile(const std::wstring& path, std::string& text) {
     HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                               FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -53,6 +43,16 @@ std::wstring TimeStamp() {
 }
 
 } // namespace
+
+bool MakeFolders(const std::wstring& folder) {
+    if (folder.empty() || GetFileAttributesW(folder.c_str()) != INVALID_FILE_ATTRIBUTES)
+        return true;
+    const std::size_t slash = folder.find_last_of(L"\\/");
+    if (slash != std::wstring::npos && slash > 0 && folder[slash - 1] != L':')
+        MakeFolders(folder.substr(0, slash));
+    return CreateDirectoryW(folder.c_str(), nullptr) || GetLastError() == ERROR_ALREADY_EXISTS;
+}
+
 
 ChipStore::ChipStore(std::wstring folder) : m_folder(folder.empty() ? DefaultFolder() : std::move(folder)) {
     wchar_t full[MAX_PATH];

@@ -32,3 +32,6 @@ public:
 private:
     std::wstring m_folder;
 };
+
+// Creates the folder and every missing folder above it.
+bool MakeFolders(const std::wstring& folder);

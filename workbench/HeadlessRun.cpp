@@ -1,6 +1,7 @@
 #include "workbench/HeadlessRun.h"
 
 #include "workbench/ChipCatalog.h"
+#include "workbench/ChipStore.h"
 #include "factory/ChipTypes.h"
 #include "workbench/HostWindows.h"
 #include "workbench/MessageBoxAnswerer.h"
@@ -19,15 +20,6 @@ std::wstring FullPath(const std::wstring& path) {
     wchar_t full[MAX_PATH];
     const DWORD length = GetFullPathNameW(path.c_str(), MAX_PATH, full, nullptr);
     return length > 0 && length < MAX_PATH ? std::wstring(full) : path;
-}
-
-bool MakeFolders(const std::wstring& folder) {
-    if (folder.empty() || GetFileAttributesW(folder.c_str()) != INVALID_FILE_ATTRIBUTES)
-        return true;
-    const std::size_t slash = folder.find_last_of(L"\\/");
-    if (slash != std::wstring::npos && slash > 0 && folder[slash - 1] != L':')
-        MakeFolders(folder.substr(0, slash));
-    return CreateDirectoryW(folder.c_str(), nullptr) || GetLastError() == ERROR_ALREADY_EXISTS;
 }
 
 std::wstring FolderOf(const std::wstring& path) {

@@ -12,7 +12,7 @@ CRegvaneFM6128::CRegvaneFM6128(UINT templateId, IRegvane* chip, const wchar_t* c
         m_gain[colour] = ReadFm6128Gain(m_snapshotLarge, colour);
 }
 
-LargeBlock CRegvaneFM6128::ReadLarge() const {
+CRegvaneFM6128::LargeBlock CRegvaneFM6128::ReadLarge() const {
     LargeBlock block{};
     if (Chip())
         Chip()->GetRegData2(block.data());

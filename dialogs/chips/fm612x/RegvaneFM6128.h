@@ -19,10 +19,10 @@
 inline constexpr UINT kFM6128Template = 20080;
 inline constexpr UINT kFM6128ExTemplate = 20081;
 
-using LargeBlock = std::array<std::uint8_t, kRegData2Bytes>;
-
 class CRegvaneFM6128 : public CChipDialog {
 public:
+    using LargeBlock = std::array<std::uint8_t, kRegData2Bytes>;
+
     static constexpr fm612x::ColourIds kGainSliderIds{21301, 21302, 21303};
     static constexpr fm612x::ColourIds kGainLabelIds{21304, 21305, 21306};
     static constexpr int kLinkGainsId = 21307;
