@@ -7,7 +7,7 @@
 class IRegvaneCallback {
 public:
     /* 0 */ virtual std::int32_t REGVANE_CALL QueryHostState(std::intptr_t arg1, std::intptr_t arg2,
-                                                            std::intptr_t arg3) = 0;
+                                                             std::intptr_t arg3) = 0;
     /* 1 */ virtual void REGVANE_CALL Reserved1() = 0;
     /* 2 */ virtual void REGVANE_CALL PostHostCommand(std::uint16_t command, std::intptr_t param,
                                                       std::uint8_t flag, std::uint8_t byte1,

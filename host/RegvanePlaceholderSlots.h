@@ -3,6 +3,7 @@
 // an extra one fails its override.
 #pragma once
 
+// clang-format off
 #define REGVANE_PLACEHOLDER_SLOTS(X) \
     X(004) X(005) X(006) X(008) X(009) X(013) X(014) X(015) X(016) X(017) X(026) X(027) \
     X(030) X(033) X(034) X(035) X(036) X(037) X(038) X(039) X(040) X(041) X(042) X(043) \
@@ -24,3 +25,4 @@
     X(240) X(241) X(242) X(243) X(244) X(245) X(246) X(247) X(248) X(249) X(250) X(251) \
     X(252) X(253) X(254) \
 
+// clang-format on

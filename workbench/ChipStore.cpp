@@ -53,7 +53,6 @@ bool MakeFolders(const std::wstring& folder) {
     return CreateDirectoryW(folder.c_str(), nullptr) || GetLastError() == ERROR_ALREADY_EXISTS;
 }
 
-
 ChipStore::ChipStore(std::wstring folder) : m_folder(folder.empty() ? DefaultFolder() : std::move(folder)) {
     wchar_t full[MAX_PATH];
     const DWORD length = GetFullPathNameW(m_folder.c_str(), MAX_PATH, full, nullptr);
