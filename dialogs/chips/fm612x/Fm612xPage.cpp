@@ -25,4 +25,13 @@ std::wstring ModelCaption(IRegvane* chip, std::wstring_view titleStringId) {
     return caption + L" " + Tr(titleStringId);
 }
 
+std::optional<FieldEditSlot> FieldEditAt(UINT id, int firstId, std::size_t settings) {
+    if (id < static_cast<UINT>(firstId))
+        return std::nullopt;
+    const std::size_t index = id - static_cast<UINT>(firstId);
+    if (index >= settings * kColourCount)
+        return std::nullopt;
+    return FieldEditSlot{index / kColourCount, static_cast<Colour>(index % kColourCount)};
+}
+
 } // namespace fm612x

@@ -108,13 +108,10 @@ template <typename Patch> void CRegvaneFM6127EX::ChangeChip(Patch patch) {
 }
 
 void CRegvaneFM6127EX::OnNumberEditChanged(UINT id, HWND edit) {
-    if (!CanWrite() || id < static_cast<UINT>(kFirstFieldEditId))
+    const auto slot = FieldEditAt(id, kFirstFieldEditId, kSettings);
+    if (!CanWrite() || !slot)
         return;
-    const std::size_t index = id - static_cast<UINT>(kFirstFieldEditId);
-    if (index >= kSettings * kColourCount)
-        return;
-    const std::size_t setting = index / kColourCount;
-    const auto colour = static_cast<Colour>(index % kColourCount);
+    const auto [setting, colour] = *slot;
     const int value = m_edits[setting][colour].GetValueInt();
     ChangeChip([&](RegBlock& block) { WriteFm6127Ex(block, colour, kFm6127ExEditedFields[setting], value); });
 }

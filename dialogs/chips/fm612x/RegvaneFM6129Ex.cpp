@@ -42,13 +42,10 @@ void CRegvaneFM6129Ex::RefreshFromChip() {
 }
 
 void CRegvaneFM6129Ex::OnNumberEditChanged(UINT id, HWND edit) {
-    if (!CanWrite() || id < static_cast<UINT>(kFirstFieldEditId))
+    const auto slot = FieldEditAt(id, kFirstFieldEditId, kSettings);
+    if (!CanWrite() || !slot)
         return;
-    const std::size_t index = id - static_cast<UINT>(kFirstFieldEditId);
-    if (index >= kSettings * kColourCount)
-        return;
-    const std::size_t setting = index / kColourCount;
-    const auto colour = static_cast<Colour>(index % kColourCount);
+    const auto [setting, colour] = *slot;
     RegBlock block = ReadBlock();
     WriteFm6129Ex(block, colour, kFm6129ExFields[setting], m_edits[setting][colour].GetValueInt());
     WriteBlock(block);
