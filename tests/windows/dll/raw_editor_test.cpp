@@ -236,13 +236,9 @@ TEST_F(RawEditor, TheRegisterKindChoosesWhatIsShown) {
             EXPECT_EQ(ItemText(p, 20014), L"Register 2");
             EXPECT_TRUE(Visible(p, 20607));
         }
-        if (k.kind == 12) {
-            EXPECT_EQ(ItemText(p, 8569), L"Red 4");
-            EXPECT_EQ(ItemText(p, 8575), L"Green 4");
-            EXPECT_EQ(ItemText(p, 8577), L"Blue 4");
-        } else {
-            EXPECT_EQ(ItemText(p, 8569), L"R4");
-        }
+        // English names the fourth register's rows as the template does; that kind 12 takes them
+        // from the language file shows in the Chinese test below.
+        EXPECT_EQ(ItemText(p, 8569), L"R4");
         DestroyWindow(p);
     }
 }
