@@ -13,8 +13,6 @@ namespace {
 constexpr int kListId = RV_PARAM_TABLE_LIST;
 constexpr int kExportButtonId = RV_PARAM_EXPORT_BUTTON;
 constexpr int kImportButtonId = RV_PARAM_IMPORT_BUTTON;
-constexpr int kOkButtonId = RV_PARAM_OK_BUTTON;
-constexpr int kCancelButtonId = RV_PARAM_CANCEL_BUTTON;
 
 // The texts every parameter-table page shares, whatever its template number.
 constexpr wchar_t kSharedSection[] = L"ParamTablePage";
@@ -129,14 +127,8 @@ bool CParamTablePage::OnCommand(UINT notifyCode, UINT id, HWND control) {
     case kImportButtonId:
         OnBnClickedImport();
         return true;
-    case kOkButtonId:
-        CloseAfterChangeTest();
-        return true;
-    case kCancelButtonId:
-        RestoreSnapshotAndClose();
-        return true;
     default:
-        return false;
+        return CChipDialog::OnCommand(notifyCode, id, control);
     }
 }
 

@@ -11,8 +11,6 @@ constexpr int kLinkGainsCheckId = 8021;
 constexpr int kFlagBit2CheckId = 9000;
 constexpr int kShowCurrentCheckId = 8022;
 constexpr int kDelayComboId = 8572;
-constexpr int kOkButtonId = 8570;
-constexpr int kCancelButtonId = 8571;
 constexpr int kDefaultButtonId = 8025;
 constexpr int kExtendedPageButtonId = 8055;
 constexpr int kResistanceRedEditId = 8050;
@@ -170,12 +168,6 @@ bool CRegvaneMbi5153::OnCommand(UINT notifyCode, UINT id, HWND control) {
     case kFlagBit2CheckId:
         OnFlagBit2Clicked();
         return true;
-    case kOkButtonId:
-        CloseAfterChangeTest();
-        return true;
-    case kCancelButtonId:
-        RestoreSnapshotAndClose();
-        return true;
     case kLinkGainsCheckId:
         OnLinkGainsClicked();
         return true;
@@ -189,7 +181,7 @@ bool CRegvaneMbi5153::OnCommand(UINT notifyCode, UINT id, HWND control) {
         RequestHostPage(kExtendedPage);
         return true;
     default:
-        return false;
+        return CChipDialog::OnCommand(notifyCode, id, control);
     }
 }
 

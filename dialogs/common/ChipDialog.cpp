@@ -69,6 +69,20 @@ int CChipDialog::NotifyIfChanged() {
     return m_chip->UpdateHostState(1, 1);
 }
 
+bool CChipDialog::OnCommand(UINT notifyCode, UINT id, HWND control) {
+    if (notifyCode != BN_CLICKED)
+        return false;
+    if (id == kChipOkButtonId) {
+        CloseAfterChangeTest();
+        return true;
+    }
+    if (id == kChipCancelButtonId) {
+        RestoreSnapshotAndClose();
+        return true;
+    }
+    return false;
+}
+
 void CChipDialog::CloseAfterChangeTest() {
     NotifyIfChanged();
     OnCancel();

@@ -27,7 +27,9 @@
 //       RegBlock block = ReadBlock();  kFooField.WriteAll(block, m_foo);  WriteBlock(block);
 //       NotifyIfChanged();
 //
-// The OK button calls CloseAfterChangeTest(), Cancel RestoreSnapshotAndClose(), a page button
+// The page's OK (8570) and Cancel (8571) buttons are handled here: a page's OnCommand ends with
+// `return CChipDialog::OnCommand(code, id, control);`. OK runs CloseAfterChangeTest(), Cancel
+// RestoreSnapshotAndClose(); a page button
 // RequestHostPage(n). A page whose change test covers other host records than the block and the
 // 20-byte record passes SnapshotScope::BlockOnly, snapshots its own records in its constructor and
 // overrides ChipDiffersFromSnapshot() and RestoreSnapshot(); nothing else changes.
@@ -44,6 +46,9 @@
 
 // The host asks a page to read the chip again (result 0).
 inline constexpr UINT kRefreshFromChipMessage = 0x0903;
+// Every chip page's own OK and Cancel buttons.
+inline constexpr int kChipOkButtonId = 8570;
+inline constexpr int kChipCancelButtonId = 8571;
 // A page button asks the host frame (the parent of the page's parent) to open a page:
 // wParam = the page number, lParam = 1.
 inline constexpr UINT kOpenHostPageMessage = 0x0904;
@@ -112,6 +117,8 @@ protected:
     // Handlers write to the chip only once the page is initialized, and only with a host.
     bool CanWrite() const { return m_chip && m_initialized; }
 
+    // OK and Cancel; pages pass on what they do not handle themselves.
+    bool OnCommand(UINT notifyCode, UINT id, HWND control) override;
     void OnShowWindow(bool show, UINT status) override;
     bool OnUserMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 
