@@ -8,7 +8,8 @@
 CChipDialog::CChipDialog(UINT templateId, IRegvane* chip, HWND parent, const wchar_t* caption,
                          SnapshotScope scope)
     : CDialog(templateId, parent), m_chip(chip), m_scope(scope), m_caption(caption ? caption : L"") {
-    m_snapshotBlock = ReadBlock();
+    if (m_scope != SnapshotScope::Nothing)
+        m_snapshotBlock = ReadBlock();
     if (m_scope == SnapshotScope::BlockAndRecord)
         m_snapshotRecord = ReadRecord();
 }

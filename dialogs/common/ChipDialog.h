@@ -60,6 +60,7 @@ using Record20 = std::array<std::uint8_t, kRegData4Bytes>;
 enum class SnapshotScope {
     BlockAndRecord, // the 16-byte block and the 20-byte record
     BlockOnly,      // the block; the page snapshots and compares anything else itself
+    Nothing,        // the page snapshots and compares everything itself
 };
 
 class CChipDialog : public CDialog {

@@ -24,7 +24,11 @@ constexpr int kHostSliderMax = 63;
 } // namespace
 
 CRegvaneFM6127EX::CRegvaneFM6127EX(IRegvane* chip, const wchar_t* caption, HWND parent)
-    : CChipDialog(kFM6127EXTemplate, chip, parent, nullptr, SnapshotScope::BlockOnly) {}
+    : CChipDialog(kFM6127EXTemplate, chip, parent, nullptr, SnapshotScope::Nothing) {
+    m_initialBlock = ReadBlock();
+    m_initialEx = ReadExRecord();
+    m_initialSliderValue = Chip() ? Chip()->GetSliderValue() : 0;
+}
 
 CRegvaneFM6127EX::ExRecord CRegvaneFM6127EX::ReadExRecord() const {
     ExRecord record{};
@@ -62,11 +66,8 @@ void CRegvaneFM6127EX::OnInitControls() {
     // The brightness step belongs to the host; the page only shows it.
     m_hostSlider.SetRange(0, kHostSliderMax, TRUE);
     m_hostSlider.EnableWindow(false);
-    m_initialSliderValue = Chip() ? Chip()->GetSliderValue() : 0;
-    m_hostSliderValue = std::clamp(m_initialSliderValue, 0, kHostSliderMax);
+    m_hostSliderValue = std::clamp(Chip() ? Chip()->GetSliderValue() : 0, 0, kHostSliderMax);
     SetItemText(kHostSliderValueId, std::to_wstring(m_hostSliderValue));
-    m_initialBlock = ReadBlock();
-    m_initialEx = ReadExRecord();
 }
 
 void CRegvaneFM6127EX::RefreshFromChip() {
@@ -83,9 +84,11 @@ void CRegvaneFM6127EX::RefreshFromChip() {
 }
 
 bool CRegvaneFM6127EX::ChipDiffersFromSnapshot() {
+    // All three are read whatever differs: the host sees the same calls whatever changed.
+    const bool blockDiffers = ReadBlock() != m_initialBlock;
+    const bool exDiffers = ReadExRecord() != m_initialEx;
     const int sliderValue = Chip() ? Chip()->GetSliderValue() : 0;
-    return ReadBlock() != m_initialBlock || ReadExRecord() != m_initialEx ||
-           sliderValue != m_initialSliderValue;
+    return blockDiffers || exDiffers || sliderValue != m_initialSliderValue;
 }
 
 void CRegvaneFM6127EX::ReportChangeState() {

@@ -15,7 +15,8 @@ CRegvaneFM6129Ex::ExRecord CRegvaneFM6129Ex::ReadExRecord() const {
 }
 
 bool CRegvaneFM6129Ex::ChipDiffersFromSnapshot() {
-    return CChipDialog::ChipDiffersFromSnapshot() || ReadExRecord() != m_snapshotEx;
+    const bool blockDiffers = CChipDialog::ChipDiffersFromSnapshot();
+    return ReadExRecord() != m_snapshotEx || blockDiffers;
 }
 
 void CRegvaneFM6129Ex::DoDataExchange(CDataExchange* dx) {
