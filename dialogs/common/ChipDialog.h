@@ -53,6 +53,10 @@ inline constexpr int kChipCancelButtonId = 8571;
 // wParam = the page number, lParam = 1.
 inline constexpr UINT kOpenHostPageMessage = 0x0904;
 
+// The chip model the host reports (narrow text in the system code page), as wide text; empty without
+// a host or a name.
+std::wstring ChipModelName(IRegvane* chip);
+
 using RegBlock = std::array<std::uint8_t, kRegDataBytes>;
 // 16 bytes followed by a 32-bit word, read and written whole.
 using Record20 = std::array<std::uint8_t, kRegData4Bytes>;
