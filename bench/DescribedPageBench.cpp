@@ -98,8 +98,13 @@ HWND OpenBare(const std::vector<WORD>& frame, const std::vector<Child>& children
 } // namespace
 
 int main(int argc, char** argv) {
-    const int types[] = {65536 + 15, 65536 + 25, 65536 + 48}; // FM6126EX, FM6127EX, FM6129Ex
+    std::vector<int> types{65536 + 15, 65536 + 25, 65536 + 48}; // FM6126EX, FM6127EX, FM6129Ex
     const int rounds = argc > 1 ? std::max(5, std::atoi(argv[1])) : 200;
+    if (argc > 2) {
+        types.clear();
+        for (int i = 2; i < argc; ++i)
+            types.push_back(std::atoi(argv[i]));
+    }
 
     wchar_t path[MAX_PATH];
     GetModuleFileNameW(nullptr, path, MAX_PATH);

@@ -198,8 +198,26 @@ void CDescribedPage::OnInitControls() {
     }
 }
 
-void CDescribedPage::CreateControls() {
-    const HFONT font = reinterpret_cast<HFONT>(SendMessage(WM_GETFONT));
+// The layout of a description in the language and the font in use. Measuring every text is most of
+// what laying out costs, so a plan is made once and reused by every page of the class until the
+// language or the font changes.
+const LayoutPlan& CDescribedPage::Plan(HFONT font) const {
+    struct Key {
+        const chipdesc::Description* description;
+        std::wstring language;
+        int baseX, baseY;
+        auto operator<=>(const Key&) const = default;
+    };
+    static std::map<Key, std::pair<std::shared_ptr<const chipdesc::Description>, LayoutPlan>> plans;
+    RECT units{0, 0, 4, 8};
+    ::MapDialogRect(m_hWnd, &units);
+    Key key{m_description.get(), Translator().PrimaryPath() + L"|" + Translator().FallbackPath(), units.right,
+            units.bottom};
+    if (const auto found = plans.find(key); found != plans.end())
+        return found->second.second;
+    // Descriptions replaced in the folder leave their plans behind; a host never needs many.
+    if (plans.size() >= 64)
+        plans.clear();
     HDC dc = ::GetDC(m_hWnd);
     const HGDIOBJ oldFont = ::SelectObject(dc, font);
     LayoutTexts texts;
@@ -209,11 +227,17 @@ void CDescribedPage::CreateControls() {
         ::GetTextExtentPoint32W(dc, text.data(), static_cast<int>(text.size()), &size);
         return static_cast<int>(size.cx);
     };
-    RECT units{0, 0, 4, 8};
-    ::MapDialogRect(m_hWnd, &units);
-    const LayoutPlan plan = PlanLayout(*m_description, texts, {units.right, units.bottom});
+    LayoutPlan plan = PlanLayout(*m_description, texts, {units.right, units.bottom});
     ::SelectObject(dc, oldFont);
     ::ReleaseDC(m_hWnd, dc);
+    return plans.emplace(std::move(key), std::make_pair(m_description, std::move(plan))).first->second.second;
+}
+
+void CDescribedPage::CreateControls() {
+    const HFONT font = reinterpret_cast<HFONT>(SendMessage(WM_GETFONT));
+    const LayoutPlan& plan = Plan(font);
+    LayoutTexts texts;
+    texts.translate = TranslateId;
 
     const std::vector<Field>& fields = m_description->fields;
     m_fieldWindows.assign(fields.size(), {});
@@ -221,10 +245,13 @@ void CDescribedPage::CreateControls() {
         const Control control =
             planned.field >= 0 ? fields[static_cast<std::size_t>(planned.field)].control : Control::None;
         const WindowKind kind = KindOf(planned.role, control);
+        // As the dialog manager makes a template's controls: they do not notify the page of their
+        // creation and destruction.
         HWND window = ::CreateWindowExW(
-            kind.exStyle, kind.windowClass, planned.text.c_str(), WS_CHILD | WS_VISIBLE | kind.style,
-            planned.rect.left, planned.rect.top, planned.rect.Width(), planned.rect.Height(), m_hWnd,
-            reinterpret_cast<HMENU>(static_cast<INT_PTR>(planned.id)), ResourceInstance(), nullptr);
+            kind.exStyle | WS_EX_NOPARENTNOTIFY, kind.windowClass, planned.text.c_str(),
+            WS_CHILD | WS_VISIBLE | kind.style, planned.rect.left, planned.rect.top, planned.rect.Width(),
+            planned.rect.Height(), m_hWnd, reinterpret_cast<HMENU>(static_cast<INT_PTR>(planned.id)),
+            ResourceInstance(), nullptr);
         ::SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
         if (planned.field >= 0)
             m_fieldWindows[static_cast<std::size_t>(planned.field)].push_back(window);
@@ -252,13 +279,14 @@ void CDescribedPage::CreateControls() {
             }
             break;
         case Control::Number:
+            // Set up before it takes the window, so the edit shows its text once.
             slot.edit = std::make_unique<CNumberEdit>();
-            slot.edit->SubclassWindow(window);
             slot.edit->SetRange(field.minimum, field.maximum);
             slot.edit->SetStep(field.step);
             if (!field.unit.text.empty())
                 slot.edit->SetUnit(ItemText(field.unit, texts));
             slot.edit->EnableSpin(true);
+            slot.edit->SubclassWindow(window);
             break;
         default:
             break;

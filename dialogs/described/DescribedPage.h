@@ -6,6 +6,7 @@
 #pragma once
 
 #include "descriptions/ChipDescription.h"
+#include "descriptions/DescriptionLayout.h"
 #include "dialogs/common/ChipDialog.h"
 
 #include <array>
@@ -62,6 +63,7 @@ private:
     void WriteSource(chipdesc::Source source, Bytes& bytes) const;
     int ReadHostValue(chipdesc::Source source) const;
 
+    const chipdesc::LayoutPlan& Plan(HFONT font) const;
     void CreateControls();
     void ShowValue(ControlSlot& slot, int value);
     int ControlValue(const ControlSlot& slot) const;
