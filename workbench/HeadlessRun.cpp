@@ -45,7 +45,7 @@ bool ReadTextFile(const std::wstring& path, std::string& text) {
 // Every line of the log of one step, indented under the step.
 void PrintLog(PageSession& session, MessageBoxAnswerer& boxes) {
     for (const std::wstring& box : boxes.TakeAnswered())
-        session.Note("message box answered with OK: " + Utf8(box));
+        session.Note(Utf8(box));
     for (const std::string& line : session.TakeLog())
         std::printf("    %s\n", line.c_str());
 }
@@ -95,6 +95,22 @@ bool LoadScript(const WorkbenchOptions& options, std::vector<ScriptAction>& acti
     return true;
 }
 
+bool WritePagePicture(HWND page, const std::wstring& path) {
+    const std::wstring picture = FullPath(path);
+    SIZE size{};
+    bool cropped = false;
+    std::string error = MakeFolders(FolderOf(picture)) ? "" : "cannot create " + Utf8(FolderOf(picture));
+    if (error.empty())
+        error = CaptureWindowPng(page, picture, size, cropped);
+    if (!error.empty()) {
+        std::fprintf(stderr, "error: no screenshot: %s\n", error.c_str());
+        return false;
+    }
+    std::printf("screenshot %s (%ld x %ld pixels%s)\n", DisplayPath(picture).c_str(), size.cx, size.cy,
+                cropped ? ", cut off at the screen's edge" : "");
+    return true;
+}
+
 void PrintChipList() {
     std::printf("%-12s %-28s %s\n", "type", "page class", "chip");
     for (const CatalogEntry& entry : ChipCatalog())
@@ -122,11 +138,16 @@ int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHo
     if (!opened.warning.empty())
         std::fprintf(stderr, "warning: %s\n", opened.warning.c_str());
     const std::string pageClass = session.PageClass();
-    std::printf("chip type %s: %s (%s), %s\n", PageLabel(chipType, subType).c_str(),
-                pageClass.empty() ? "no page class" : pageClass.c_str(), session.Chip().modelName.c_str(),
-                opened.fromFile
-                    ? ("saved images from " + DisplayPath(store.FileFor(chipType, subType))).c_str()
-                    : "start values");
+    // A page of the extended range runs on the chip it extends.
+    const SimulatedChip& chip = session.Chip();
+    const std::string runsOn = chipType <= 0xFFFF ? ""
+                               : chip.chipType ? " of chip type " + PageLabel(chip.chipType, chip.chipSubType)
+                                               : ", no numbered chip type";
+    std::printf(
+        "chip type %s: %s (%s%s), %s\n", PageLabel(chipType, subType).c_str(),
+        pageClass.empty() ? "no page class" : pageClass.c_str(), chip.modelName.c_str(), runsOn.c_str(),
+        opened.fromFile ? ("saved images from " + DisplayPath(store.FileFor(chipType, subType))).c_str()
+                        : "start values");
     if (!opened.hasPage) {
         PrintLog(session, boxes);
         std::string why = pageClass.empty() ? "" : " (" + pageClass + ")";
@@ -167,22 +188,13 @@ int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHo
     if (GetFileAttributesW(saved.c_str()) != INVALID_FILE_ATTRIBUTES)
         std::printf("the chip persists in %s\n", DisplayPath(saved).c_str());
 
-    const std::wstring picture =
-        FullPath(!options.screenshot.empty()
-                     ? options.screenshot
-                     : ProgramFolder() + L"..\\..\\screenshots\\page-" + std::to_wstring(chipType) +
-                           (subType ? L"-" + std::to_wstring(subType) : L"") + L".png");
-    SIZE size{};
-    bool cropped = false;
-    std::string error = MakeFolders(FolderOf(picture)) ? "" : "cannot create " + Utf8(FolderOf(picture));
-    if (error.empty())
-        error = CaptureWindowPng(session.Page(), picture, size, cropped);
-    if (!error.empty()) {
-        std::fprintf(stderr, "error: no screenshot: %s\n", error.c_str());
+    const std::wstring picture = !options.screenshot.empty()
+                                     ? options.screenshot
+                                     : ProgramFolder() + L"..\\..\\screenshots\\page-" +
+                                           std::to_wstring(chipType) +
+                                           (subType ? L"-" + std::to_wstring(subType) : L"") + L".png";
+    if (!WritePagePicture(session.Page(), picture))
         return status == kExitDone ? kExitScreenshotFailed : status;
-    }
-    std::printf("screenshot %s (%ld x %ld pixels%s)\n", DisplayPath(picture).c_str(), size.cx, size.cy,
-                cropped ? ", cut off at the screen's edge" : "");
     session.Close();
     PrintLog(session, boxes);
     return status;
@@ -249,7 +261,7 @@ int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHo
         session.Close();
         PumpMessages();
         for (const std::wstring& box : boxes.TakeAnswered())
-            std::printf("      the page showed a message box, answered with OK: %s\n", Utf8(box).c_str());
+            std::printf("      the page showed a %s\n", Utf8(box).c_str());
         session.TakeLog();
         pictures.push_back(std::move(picture));
     }

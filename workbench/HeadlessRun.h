@@ -14,6 +14,10 @@ int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHo
 // index.html to see them side by side. Returns a WorkbenchExit.
 int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback);
 
+// Writes the picture of a page to path (made absolute, its folder created) and prints where it went,
+// or prints why not. True when the picture was written.
+bool WritePagePicture(HWND page, const std::wstring& path);
+
 // --list: every chip page the workbench knows.
 void PrintChipList();
 

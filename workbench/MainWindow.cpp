@@ -478,7 +478,8 @@ void MainWindow::OnCommand(UINT id, UINT code) {
                         L"RegvaneWorkbench", MB_OKCANCEL | MB_ICONQUESTION) == IDOK) {
             OpenPage(m_openType, m_openSubType, true);
             // The start values become the saved chip at once, so the reset outlives the program.
-            if (const std::string error = m_store.Save(m_session.Chip()); !error.empty())
+            if (const std::string error = m_store.Save(m_session.Chip(), m_openType, m_openSubType);
+                !error.empty())
                 SetStatus("The chip was not saved: " + error);
         }
         break;
@@ -607,6 +608,9 @@ int RunWindow(const WorkbenchOptions& options, HostModule& module, SimulatedHost
             PumpMessages();
             window.Refresh();
         }
+        if (!options.screenshot.empty() && !WritePagePicture(window.Session().Page(), options.screenshot) &&
+            status == kExitDone)
+            status = kExitScreenshotFailed;
     }
 
     MSG message;

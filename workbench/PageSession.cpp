@@ -30,9 +30,11 @@ PageSession::Opened PageSession::Open(int chipType, int subType, HWND view, cons
     m_chipLogRead = 0;
     SetUpSimulatedChip(*m_chip, chipType, subType);
     m_chip->OfferChipFunctions();
+    m_pageType = chipType;
+    m_pageSubType = subType;
     m_store = store;
     if (store && !reset) {
-        const ChipStore::Loaded loaded = store->Load(*m_chip);
+        const ChipStore::Loaded loaded = store->Load(*m_chip, chipType, subType);
         opened.fromFile = loaded.fromFile;
         opened.warning = loaded.warning;
         if (!loaded.warning.empty())
@@ -67,7 +69,7 @@ std::string PageSession::PageClass() const {
     if (m_page && m_module.RegvaneDialogClassName)
         if (const char* name = m_module.RegvaneDialogClassName(m_page))
             return name;
-    return m_chip ? PageClassFor(m_chip->chipType, m_chip->chipSubType) : "";
+    return m_chip ? PageClassFor(m_pageType, m_pageSubType) : "";
 }
 
 void PageSession::CollectCalls() {
@@ -116,7 +118,7 @@ std::string PageSession::AfterChange() {
     std::string text = FormatChipSaveFile(*m_chip);
     if (text == m_savedText)
         return {};
-    std::string error = m_store->Save(*m_chip);
+    std::string error = m_store->Save(*m_chip, m_pageType, m_pageSubType);
     if (error.empty())
         m_savedText = std::move(text);
     else

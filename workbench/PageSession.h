@@ -68,6 +68,9 @@ private:
     SimulatedHostCallback& m_callback;
     std::unique_ptr<SimulatedChip> m_chip;
     const ChipStore* m_store = nullptr;
+    // The number the page was asked for, which names its save file.
+    int m_pageType = 0;
+    int m_pageSubType = 0;
     HWND m_page = nullptr;
     std::size_t m_chipLogRead = 0;
     std::size_t m_callbackLogRead = 0;

@@ -7,7 +7,8 @@
 const char* const kWorkbenchUsage =
     R"(RegvaneWorkbench: plays the host for regvane.dll, with simulated chips.
 
-  RegvaneWorkbench [--type N [--subtype S]] [--language L]     the window
+  RegvaneWorkbench [--type N [--subtype S]] [--language L] [--script FILE] [--do "ACTIONS"] [--screenshot FILE.png]
+                                                                 the window
   RegvaneWorkbench --headless --type N [--subtype S] [--script FILE] [--do "ACTIONS"] [--screenshot FILE.png]
   RegvaneWorkbench --all-pages FOLDER [--types N,N,...]          a picture of every chip page
   RegvaneWorkbench --list                                        every chip page: type, class, chip
@@ -17,11 +18,15 @@ const char* const kWorkbenchUsage =
   --script FILE     operator actions, one a line: slider ID POS | click ID | check ID on|off |
                     combo ID INDEX | combo ID "text" | edit ID TEXT | reread | poke IMAGE OFFSET BYTE...
   --do "ACTIONS"    the same actions on the command line, separated by ';'
-  --screenshot F    where --headless writes the page's picture (default: screenshots\page-N.png
-                    two folders above the program)
+  --screenshot F    where the page's picture goes: --headless writes it after the actions (default:
+                    screenshots\page-N.png two folders above the program), the window once the page
+                    opened and the actions ran
   --profile DIR     where simulated chips are saved (default: %APPDATA%\Regvane\Workbench)
   --reset           start the chip from its start values
   --language L      1..13, the host's language index (3 = English, 1 = Simplified Chinese)
+
+Headless runs answer a message box with OK, and a file dialog with the file name it proposes in the
+working folder (or cancel it when it proposes none).
 
 Exit status: 0 done, 1 bad command line or script, 2 regvane.dll unusable, 3 no page for the chip,
 4 an action could not be carried out, 5 a screenshot could not be written.
