@@ -3,8 +3,9 @@
 # With an X display it opens the workbench window. Without one it runs headless in its own Xvfb:
 # it opens the page of --type (the MBI5153 page, chip type 47, when none is given; with no arguments
 # at all it also moves the red gain and presses Default), prints the calls the page made and the
-# register bytes, and writes a picture of the page into build/windows/screenshots/. --list, --help
-# and --all-pages do the same with or without a display. Arguments go to the workbench
+# register bytes, and writes a picture of the page into build/windows/screenshots/; --describe FILE
+# does the same for the page a chip description renders. --list, --help, --all-pages and
+# --check-description do the same with or without a display. Arguments go to the workbench
 # (RegvaneWorkbench.exe --help lists them).
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -25,8 +26,8 @@ else
   has_type=0
   for arg in "$@"; do
     case $arg in
-      --list | --help | -h | '/?' | --all-pages) page_run=0 ;;
-      --type) has_type=1 ;;
+      --list | --help | -h | '/?' | --all-pages | --check-description) page_run=0 ;;
+      --type | --describe) has_type=1 ;;
     esac
   done
   if (($# == 0)); then

@@ -118,6 +118,44 @@ void PrintChipList() {
                     entry.modelName.c_str());
 }
 
+// The part of a headless run after the page opened: fit it, print it, run the actions, print the
+// images and write the picture. Returns a WorkbenchExit.
+int DriveAndPicture(PageSession& session, HeadlessFrame& frame, MessageBoxAnswerer& boxes,
+                    const std::vector<ScriptAction>& actions, const std::wstring& savedFile,
+                    const std::wstring& picture) {
+    frame.FitPage(session.Page());
+    RECT rect{};
+    GetWindowRect(session.Page(), &rect);
+    std::printf("page %s at screen (%ld, %ld), %ld x %ld pixels\n", session.PageClass().c_str(), rect.left,
+                rect.top, rect.right - rect.left, rect.bottom - rect.top);
+    PrintLog(session, boxes);
+    session.AfterChange();
+
+    int status = kExitDone;
+    for (const ScriptAction& action : actions) {
+        std::printf("> %s    (%s)\n", action.written.c_str(), action.where.c_str());
+        const std::string error = session.Run(action);
+        PumpMessages();
+        if (!session.AfterChange().empty())
+            status = kExitActionFailed;
+        PrintLog(session, boxes);
+        if (!error.empty()) {
+            std::fprintf(stderr, "error: %s: %s\n", action.where.c_str(), error.c_str());
+            status = kExitActionFailed;
+            break;
+        }
+    }
+    PrintImages(session);
+    if (!savedFile.empty() && GetFileAttributesW(savedFile.c_str()) != INVALID_FILE_ATTRIBUTES)
+        std::printf("the chip persists in %s\n", DisplayPath(savedFile).c_str());
+
+    if (!WritePagePicture(session.Page(), picture))
+        return status == kExitDone ? kExitScreenshotFailed : status;
+    session.Close();
+    PrintLog(session, boxes);
+    return status;
+}
+
 int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback) {
     std::vector<ScriptAction> actions;
     if (!LoadScript(options, actions))
@@ -161,42 +199,60 @@ int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHo
                      PageLabel(chipType, subType).c_str(), why.c_str());
         return kExitNoPage;
     }
-    frame.FitPage(session.Page());
-    RECT rect{};
-    GetWindowRect(session.Page(), &rect);
-    std::printf("page %s at screen (%ld, %ld), %ld x %ld pixels\n", session.PageClass().c_str(), rect.left,
-                rect.top, rect.right - rect.left, rect.bottom - rect.top);
-    PrintLog(session, boxes);
-    session.AfterChange();
-
-    int status = kExitDone;
-    for (const ScriptAction& action : actions) {
-        std::printf("> %s    (%s)\n", action.written.c_str(), action.where.c_str());
-        const std::string error = session.Run(action);
-        PumpMessages();
-        if (!session.AfterChange().empty())
-            status = kExitActionFailed;
-        PrintLog(session, boxes);
-        if (!error.empty()) {
-            std::fprintf(stderr, "error: %s: %s\n", action.where.c_str(), error.c_str());
-            status = kExitActionFailed;
-            break;
-        }
-    }
-    PrintImages(session);
-    const std::wstring saved = store.FileFor(chipType, subType);
-    if (GetFileAttributesW(saved.c_str()) != INVALID_FILE_ATTRIBUTES)
-        std::printf("the chip persists in %s\n", DisplayPath(saved).c_str());
-
     const std::wstring picture = !options.screenshot.empty()
                                      ? options.screenshot
                                      : ProgramFolder() + L"..\\..\\screenshots\\page-" +
                                            std::to_wstring(chipType) +
                                            (subType ? L"-" + std::to_wstring(subType) : L"") + L".png";
-    if (!WritePagePicture(session.Page(), picture))
-        return status == kExitDone ? kExitScreenshotFailed : status;
-    session.Close();
-    PrintLog(session, boxes);
+    return DriveAndPicture(session, frame, boxes, actions, store.FileFor(chipType, subType), picture);
+}
+
+int RunDescribed(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback) {
+    std::vector<ScriptAction> actions;
+    if (!LoadScript(options, actions))
+        return kExitBadCommandLine;
+    ChipStore store(options.profile);
+    PageSession session(module, callback);
+    HeadlessFrame frame(session);
+    MessageBoxAnswerer boxes;
+    std::string problem;
+    const PageSession::Opened opened =
+        session.OpenDescription(options.describe, frame.View(), &store, options.reset, problem);
+    if (!opened.hasPage) {
+        PrintLog(session, boxes);
+        std::fprintf(stderr, "error: %s\n", problem.c_str());
+        return kExitDescriptionUnusable;
+    }
+    const SimulatedChip& chip = session.Chip();
+    std::printf("description %s: %s on %s\n", DisplayPath(FullPath(options.describe)).c_str(),
+                session.PageClass().c_str(),
+                chip.chipType ? ("chip type " + PageLabel(chip.chipType, chip.chipSubType) + " (" +
+                                 chip.modelName + "), " + (opened.fromFile ? "saved images" : "start values"))
+                                    .c_str()
+                              : "a blank chip (the chip table has no such page class)");
+    const std::wstring picture = !options.screenshot.empty() ? options.screenshot
+                                                             : ProgramFolder() + L"..\\..\\screenshots\\" +
+                                                                   Wide(session.PageClass()) + L".png";
+    const std::wstring saved =
+        chip.chipType ? store.FileFor(chip.chipType, chip.chipSubType) : std::wstring();
+    return DriveAndPicture(session, frame, boxes, actions, saved, picture);
+}
+
+int CheckDescriptions(const WorkbenchOptions& options, HostModule& module) {
+    if (!module.RegvaneCheckDescription) {
+        std::fprintf(stderr, "error: this regvane.dll cannot check chip descriptions\n");
+        return kExitModuleUnusable;
+    }
+    int status = kExitDone;
+    for (const std::wstring& file : options.checkDescriptions) {
+        wchar_t problem[1024] = {};
+        if (module.RegvaneCheckDescription(file.c_str(), problem, 1024) == 0) {
+            std::printf("%s: ok\n", Utf8(file).c_str());
+        } else {
+            std::printf("%s\n", Utf8(problem).c_str());
+            status = kExitDescriptionUnusable;
+        }
+    }
     return status;
 }
 
