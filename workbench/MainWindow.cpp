@@ -330,8 +330,9 @@ bool MainWindow::OpenPage(int chipType, int subType, bool reset) {
     m_shownChange = ~0u;
     Refresh();
     SetStatus("Chip type " + label +
-              (opened.hasPage ? ": " + m_session.PageClass() : ": regvane.dll gives no page") +
-              "  -  saved in " + DisplayPath(m_store.FileFor(chipType, subType)));
+              (opened.hasPage ? ": " + m_session.PageClass() : ": regvane.dll gives no page") + " (" +
+              m_session.ChipDescription() + ")" + "  -  saved in " +
+              DisplayPath(m_store.FileFor(chipType, subType)));
     SaveSettings();
     return opened.hasPage;
 }
