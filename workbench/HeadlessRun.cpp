@@ -176,16 +176,11 @@ int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHo
     if (!opened.warning.empty())
         std::fprintf(stderr, "warning: %s\n", opened.warning.c_str());
     const std::string pageClass = session.PageClass();
-    // A page of the extended range runs on the chip it extends.
-    const SimulatedChip& chip = session.Chip();
-    const std::string runsOn = chipType <= 0xFFFF ? ""
-                               : chip.chipType ? " of chip type " + PageLabel(chip.chipType, chip.chipSubType)
-                                               : ", no numbered chip type";
-    std::printf(
-        "chip type %s: %s (%s%s), %s\n", PageLabel(chipType, subType).c_str(),
-        pageClass.empty() ? "no page class" : pageClass.c_str(), chip.modelName.c_str(), runsOn.c_str(),
-        opened.fromFile ? ("saved images from " + DisplayPath(store.FileFor(chipType, subType))).c_str()
-                        : "start values");
+    std::printf("chip type %s: %s (%s), %s\n", PageLabel(chipType, subType).c_str(),
+                pageClass.empty() ? "no page class" : pageClass.c_str(), session.ChipDescription().c_str(),
+                opened.fromFile
+                    ? ("saved images from " + DisplayPath(store.FileFor(chipType, subType))).c_str()
+                    : "start values");
     if (!opened.hasPage) {
         PrintLog(session, boxes);
         std::string why = pageClass.empty() ? "" : " (" + pageClass + ")";

@@ -335,8 +335,9 @@ bool MainWindow::OpenPage(int chipType, int subType, bool reset) {
     FitToPage();
     SelectRow(chipType, subType);
     SetStatus("Chip type " + label +
-              (opened.hasPage ? ": " + m_session.PageClass() : ": regvane.dll gives no page") +
-              "  -  saved in " + DisplayPath(m_store.FileFor(chipType, subType)));
+              (opened.hasPage ? ": " + m_session.PageClass() : ": regvane.dll gives no page") + " (" +
+              m_session.ChipDescription() + ")" + "  -  saved in " +
+              DisplayPath(m_store.FileFor(chipType, subType)));
     SaveSettings();
     return opened.hasPage;
 }

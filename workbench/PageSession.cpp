@@ -140,6 +140,17 @@ std::string PageSession::PageClass() const {
     return m_chip ? PageClassFor(m_pageType, m_pageSubType) : "";
 }
 
+std::string PageSession::ChipDescription() const {
+    if (!m_chip)
+        return "";
+    if (m_pageType <= 0xFFFF)
+        return m_chip->modelName;
+    if (!m_chip->chipType)
+        return m_chip->modelName + ", no numbered chip type";
+    return m_chip->modelName + " of chip type " + ChipTypeLabel(m_chip->chipType) +
+           (m_chip->chipSubType ? "/" + std::to_string(m_chip->chipSubType) : "");
+}
+
 void PageSession::CollectCalls() {
     if (m_chip) {
         for (; m_chipLogRead < m_chip->log.size(); ++m_chipLogRead)

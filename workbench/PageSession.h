@@ -47,6 +47,9 @@ public:
     SimulatedChip& Chip() { return *m_chip; }
     // The page's class as the module names it ("CRegvaneMbi5153").
     std::string PageClass() const;
+    // The chip behind the page: "MBI5153"; for a page of the extended range also the chip type it
+    // runs on ("ICN2055 of chip type 193").
+    std::string ChipDescription() const;
     // The caption a host passes; empty lets the page keep its own title.
     std::wstring caption;
 

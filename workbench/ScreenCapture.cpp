@@ -121,8 +121,11 @@ PixelImage BareBackground(HWND page, const RECT& picture) {
 
 std::string IdList(const std::vector<int>& ids) {
     std::string list;
-    for (const int id : ids)
-        list += (list.empty() ? "" : ", ") + std::to_string(id);
+    for (const int id : ids) {
+        if (!list.empty())
+            list += ", ";
+        list += std::to_string(id);
+    }
     return list;
 }
 
