@@ -1,5 +1,7 @@
 #include "workbench/ChipPresets.h"
 
+#include "paramfiles/ParamChipTable.h"
+
 #include "dialogs/chips/ParamTablePageList.h"
 #include "workbench/ChipCatalog.h"
 
@@ -127,16 +129,32 @@ const ClassPreset kClassPresets[] = {
 
 } // namespace
 
+namespace {
+
+// The chip type whose parameter files carry this page's chip in their tag line
+// ("CHIP_ICND2165_PARAMETER_FILE" is chip type 292), or 0.
+int ParamFileChipType(const std::string& className, int chipType) {
+    const std::string model = ModelNameFromClassName(className, chipType);
+    const std::wstring tag = L"CHIP_" + std::wstring(model.begin(), model.end()) + L"_PARAMETER_FILE";
+    for (const ParamChipInfo& info : ParamChipTable())
+        if (tag == info.tagLine)
+            return info.id;
+    return 0;
+}
+
+} // namespace
+
 void SetUpSimulatedChip(SimulatedChip& chip, int chipType, int subType) {
     const std::string className = PageClassFor(chipType, subType);
     if (chipType <= 0xFFFF) {
         chip.chipType = static_cast<std::uint16_t>(chipType);
         chip.chipSubType = static_cast<std::uint16_t>(subType);
     } else {
-        // The host numbers a page of the extended range, but reports the chip it extends; 0 when no
-        // numbered page names that chip.
+        // The host numbers a page of the extended range, but reports the chip it extends: the chip of
+        // the numbered page that names it, else the chip type its parameter files go by, else 0.
         const CatalogEntry* base = ExtendedPageBase(chipType);
-        chip.chipType = static_cast<std::uint16_t>(base ? base->chipType : 0);
+        chip.chipType =
+            static_cast<std::uint16_t>(base ? base->chipType : ParamFileChipType(className, chipType));
         chip.chipSubType = static_cast<std::uint16_t>(subType ? subType : base ? base->subType : 0);
     }
     chip.modelName = ModelNameFromClassName(className, chipType);

@@ -128,6 +128,7 @@ TEST(WorkbenchChips, AnExtendedPageRunsOnTheChipItExtends) {
         {65536 + 13, 193, 0}, // CRegvaneICN2055EX: the ICN2055, whose numbered page is CRegvaneICN2055Basic
         {65536 + 15, 179, 0}, // CRegvaneFM6126EX
         {65536 + 71, 4, 312}, // CRegvaneRT5938Ex: type 4 gives the RT5938 page for sub-type 312
+        {65536 + 57, 292, 0}, // CRegvaneICND2165Ex: no page of its own; its parameter files go by 292
         {65536 + 0, 0, 0},    // the raw register editor belongs to no chip
         {65536 + 1, 0, 0},    // CChip5153Extension: no numbered page names a "5153"
     };
