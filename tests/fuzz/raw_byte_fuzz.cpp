@@ -12,14 +12,12 @@
 #include <string_view>
 
 namespace {
+// The value of one hexadecimal digit of either case, -1 for anything else.
 int DigitValue(wchar_t c) {
-    if (c >= L'0' && c <= L'9')
-        return c - L'0';
-    if (c >= L'a' && c <= L'f')
-        return c - L'a' + 10;
-    if (c >= L'A' && c <= L'F')
-        return c - L'A' + 10;
-    return -1;
+    constexpr std::wstring_view digits = L"0123456789abcdef";
+    const wchar_t lower = c >= L'A' && c <= L'F' ? static_cast<wchar_t>(c - L'A' + L'a') : c;
+    const std::size_t at = digits.find(lower);
+    return at == std::wstring_view::npos ? -1 : static_cast<int>(at);
 }
 } // namespace
 
