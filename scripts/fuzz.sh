@@ -73,19 +73,19 @@ fuzz_one() {
   cpu=$(tail -n 1 "$log.times" | awk '{ gsub(/[ms]/, " "); printf "%.1f", $1 * 60 + $2 + $3 * 60 + $4 }')
   rm -f "$log.times"
 
-  local inited done
+  local inited final
   inited=$(sed -n 's/.*INITED cov: \([0-9]*\).*/\1/p' "$log" | head -n 1)
-  done=$(sed -n 's/.*DONE *cov: \([0-9]*\).*/\1/p' "$log" | tail -n 1)
+  final=$(sed -n 's/.*DONE *cov: \([0-9]*\).*/\1/p' "$log" | tail -n 1)
   local bound="${runs[$i]} runs"
   ((minutes > 0)) && bound="$minutes min"
-  local summary="$name: $bound, ${seconds} s (processor ${cpu} s), cov ${inited:-?} at INITED, ${done:-?} at the end"
+  local summary="$name: $bound, ${seconds} s (processor ${cpu} s), cov ${inited:-?} at INITED, ${final:-?} at the end"
   if ((status != 0)); then
     local input
     input=$(sed -n 's/.*Test unit written to \(.*\)$/\1/p' "$log" | tail -n 1)
     summary+=" -- FAILED (exit $status)"
     [[ -n $input ]] && summary+="; input: $input; reproduce: $binary $input"
     echo "1 $summary" >"$result"
-  elif ((minutes == 0)) && ! ((${done:-0} > ${inited:-0})); then
+  elif ((minutes == 0)) && ! ((${final:-0} > ${inited:-0})); then
     echo "1 $summary -- FAILED: coverage did not grow past the seed corpus" >"$result"
   else
     echo "0 $summary" >"$result"
@@ -93,11 +93,12 @@ fuzz_one() {
 }
 
 mkdir -p "$build/logs"
-jobs=$(nproc)
-((jobs > 2)) && jobs=2
+# Two at a time: the machines this runs on have two cores.
+parallel=$(nproc)
+((parallel > 2)) && parallel=2
 for i in "${!names[@]}"; do
   rm -f "$build/logs/${names[$i]}.result"
-  while (($(jobs -rp | wc -l) >= jobs)); do wait -n || true; done
+  while (($(jobs -rp | wc -l) >= parallel)); do wait -n || true; done
   fuzz_one "$i" &
 done
 wait
