@@ -62,7 +62,8 @@ fuzz_one() {
     options+=(-seed=1 -runs="${runs[$i]}")
   fi
   mkdir -p "$corpus" "$scratch/$name"
-  cp -n "$root/${corpora[$i]}"/* "$corpus/"
+  # The files of the seed folder, not its subfolders (a folder of real files can serve as seeds).
+  find "$root/${corpora[$i]}" -maxdepth 1 -type f -exec cp -n {} "$corpus/" \;
 
   local start=$EPOCHREALTIME status=0
   (cd "$scratch/$name" && exec "${fixed_addresses[@]}" "$binary" "${options[@]}" "$corpus") >"$log" 2>&1 || status=$?
