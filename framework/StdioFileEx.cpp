@@ -8,6 +8,21 @@ std::FILE* OpenFileWide(const std::wstring& path, const wchar_t* mode) {
 #endif
 }
 
+bool RemoveFileWide(const std::wstring& path) {
+#if defined(_WIN32)
+    return _wremove(path.c_str()) == 0;
+#else
+    return std::remove(WideToUtf8(path).c_str()) == 0;
+#endif
+}
+
+#if !defined(_WIN32)
+// rename(2) replaces an existing target atomically.
+bool ReplaceFileWide(const std::wstring& from, const std::wstring& to) {
+    return std::rename(WideToUtf8(from).c_str(), WideToUtf8(to).c_str()) == 0;
+}
+#endif
+
 CStdioFileEx::~CStdioFileEx() {
     Close();
 }

@@ -53,3 +53,6 @@ private:
 
 // Opens a file by a wide path on every platform (UTF-8 narrow path outside Windows).
 std::FILE* OpenFileWide(const std::wstring& path, const wchar_t* mode);
+// Moves `from` onto `to` in one step: `to` is at every moment either the earlier file or the new one.
+bool ReplaceFileWide(const std::wstring& from, const std::wstring& to);
+bool RemoveFileWide(const std::wstring& path);

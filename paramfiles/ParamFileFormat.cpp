@@ -6,8 +6,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cwchar>
-#include <filesystem>
-#include <system_error>
 #include <vector>
 
 namespace {
@@ -143,25 +141,6 @@ std::wstring TemporaryPathFor(const std::wstring& path) {
     return path + L".regvane-part";
 }
 
-namespace {
-// Paths are UTF-16 on Windows and UTF-8 bytes elsewhere, whatever the locale says.
-std::filesystem::path NativePath(const std::wstring& path) {
-#if defined(_WIN32)
-    return std::filesystem::path(path);
-#else
-    return std::filesystem::path(WideToUtf8(path));
-#endif
-}
-} // namespace
-
-bool ReplaceFile(const std::wstring& from, const std::wstring& to) {
-    std::error_code error;
-    // On Windows the standard library moves with MOVEFILE_REPLACE_EXISTING, so an existing target
-    // is replaced in one step there as it is by rename(2) elsewhere.
-    std::filesystem::rename(NativePath(from), NativePath(to), error);
-    return !error;
-}
-
 bool WriteFileReplacing(const std::wstring& path, const std::function<bool(CStdioFileEx&)>& writeContent) {
     const std::wstring temporary = TemporaryPathFor(path);
     bool written = false;
@@ -173,10 +152,9 @@ bool WriteFileReplacing(const std::wstring& path, const std::function<bool(CStdi
         written = writeContent(file);
         written = file.Close() && written;
     }
-    if (written && ReplaceFile(temporary, path))
+    if (written && ReplaceFileWide(temporary, path))
         return true;
-    std::error_code ignored;
-    std::filesystem::remove(NativePath(temporary), ignored);
+    RemoveFileWide(temporary);
     return false;
 }
 

@@ -51,9 +51,6 @@ std::wstring FileDialogFilter(std::wstring_view barSeparated);
 // succeeded. On any failure the temporary file is removed and an earlier file at `path` is intact.
 bool WriteFileReplacing(const std::wstring& path, const std::function<bool(CStdioFileEx&)>& writeContent);
 
-// Moves `from` onto `to`, replacing an existing file.
-bool ReplaceFile(const std::wstring& from, const std::wstring& to);
-
 // The temporary file WriteFileReplacing writes before it replaces `path`.
 std::wstring TemporaryPathFor(const std::wstring& path);
 

@@ -6,7 +6,7 @@ packages=(
   cmake ninja-build g++ googletest libgtest-dev libbenchmark-dev
   g++-mingw-w64-x86-64-posix mingw-w64-tools libz-mingw-w64-dev
   wine64 xvfb xauth fonts-wine fonts-wqy-microhei x11-apps imagemagick
-  zlib1g-dev
+  zlib1g-dev clang-14 libclang-rt-14-dev
 )
 missing=()
 for p in "${packages[@]}"; do

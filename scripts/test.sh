@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Builds everything and runs every test: the portable code natively (with ASan/UBSan), then the
-# Windows module and its pages under Wine inside one Xvfb.
+# Builds everything and runs every test: the portable code natively (with ASan/UBSan), a bounded
+# fuzzing run of every parser of outside input, then the Windows module and its pages under Wine
+# inside one Xvfb.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -14,6 +15,11 @@ cmake --build --preset windows -j "$jobs"
 
 status=0
 ctest --preset native -j "$jobs" || status=1
+
+# A fixed number of inputs from a fixed seed per parser; a crash leaves its input in build/fuzz/artifacts.
+cmake --preset fuzz >/dev/null
+cmake --build --preset fuzz -j "$jobs"
+scripts/fuzz.sh || status=1
 
 # One Wine session for the whole run, stopped at the end so nothing outlives the tests.
 export WINEPREFIX=$PWD/build/windows/wineprefix

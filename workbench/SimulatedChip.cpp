@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -16,7 +17,9 @@ int REGVANE_CALL ChipFunction(std::intptr_t a, std::intptr_t b, std::intptr_t c)
 
 template <int Table, std::size_t... Index>
 void FillFunctionTable(RegvaneChipFunction* entries, std::index_sequence<Index...>) {
-    ((entries[Index] = &ChipFunction<Table, Index>), ...);
+    // A list rather than a fold expression: clang nests a fold of 257 terms too deep.
+    const RegvaneChipFunction functions[] = {&ChipFunction<Table, Index>...};
+    std::copy(std::begin(functions), std::end(functions), entries);
 }
 
 void RecordInto(std::vector<HostCall>& log, std::string name, std::vector<std::int64_t> args,

@@ -1,0 +1,251 @@
+/* A host written in C, as a host built without a C++ compiler would be: it implements IRegvane and
+ * IRegvaneCallback with the tables of RegvaneC.h, links regvane.dll through its import library,
+ * opens the MBI5153 page and drags the green gain slider as an operator does. Exits with 0 when the
+ * page wrote the expected register bytes and called the host in the expected order. */
+#include "RegvaneOperations.h"
+#include "host/RegvaneC.h"
+
+#include <commctrl.h>
+#include <stdio.h>
+#include <string.h>
+#include <windows.h>
+
+enum { kMbi5153 = 47, kRedSlider = 8123, kGreenSlider = 8124, kMaxCalls = 64 };
+
+typedef struct Chip {
+    IRegvane iface; /* first, so the module's pointer is the chip's */
+    uint8_t regData[REGVANE_REG_DATA_BYTES];
+    uint8_t regDataEx[REGVANE_REG_DATA_EX_BYTES];
+    uint8_t regData2[REGVANE_REG_DATA2_BYTES];
+    uint8_t regData3[REGVANE_REG_DATA3_BYTES];
+    uint8_t regData4[REGVANE_REG_DATA4_BYTES];
+    RegvaneFunctionTable functions;
+    RegvaneFunctionTable2 functions2;
+    RegvaneFunctionTable3 functions3;
+    /* Calls that change the chip or tell the host something, in order. */
+    char calls[kMaxCalls][40];
+    int callCount;
+    int placeholderCalls;
+} Chip;
+
+static Chip* ChipOf(IRegvane* This) {
+    return (Chip*)This;
+}
+
+static void Log(IRegvane* This, const char* call) {
+    Chip* chip = ChipOf(This);
+    if (chip->callCount < kMaxCalls)
+        snprintf(chip->calls[chip->callCount++], sizeof chip->calls[0], "%s", call);
+}
+
+static uint16_t REGVANE_CALL GetChipType(IRegvane* This) {
+    return kMbi5153;
+}
+static uint16_t REGVANE_CALL GetChipSubType(IRegvane* This) {
+    return 0;
+}
+static void REGVANE_CALL MarkModified(IRegvane* This) {
+    Log(This, "MarkModified");
+}
+static int REGVANE_CALL UpdateHostState(IRegvane* This, int scope, int flags) {
+    char call[40];
+    snprintf(call, sizeof call, "UpdateHostState(%d, %d)", scope, flags);
+    Log(This, call);
+    return 0;
+}
+static uint16_t REGVANE_CALL GetChipParam(IRegvane* This) {
+    return 0;
+}
+static uint32_t REGVANE_CALL GetCount(IRegvane* This) {
+    return 1;
+}
+static void REGVANE_CALL SetChipParam(IRegvane* This, int value) {
+    Log(This, "SetChipParam");
+}
+static void REGVANE_CALL EnableChipParam(IRegvane* This, int enable) {
+    Log(This, "EnableChipParam");
+}
+
+#define REGVANE_C_HOST_RECORD(Get, Set, field)                                                               \
+    static void REGVANE_CALL Get(IRegvane* This, uint8_t* bytes) {                                           \
+        memcpy(bytes, ChipOf(This)->field, sizeof ChipOf(This)->field);                                      \
+    }                                                                                                        \
+    static void REGVANE_CALL Set(IRegvane* This, uint8_t* bytes) {                                           \
+        memcpy(ChipOf(This)->field, bytes, sizeof ChipOf(This)->field);                                      \
+        Log(This, #Set);                                                                                     \
+    }
+REGVANE_C_HOST_RECORD(GetRegData, SetRegData, regData)
+REGVANE_C_HOST_RECORD(GetRegDataEx, SetRegDataEx, regDataEx)
+REGVANE_C_HOST_RECORD(GetRegData2, SetRegData2, regData2)
+REGVANE_C_HOST_RECORD(GetRegData3, SetRegData3, regData3)
+
+static void REGVANE_CALL GetRegData4(IRegvane* This, uint8_t* record) {
+    memcpy(record, ChipOf(This)->regData4, sizeof ChipOf(This)->regData4);
+}
+static void REGVANE_CALL SetRegData4(IRegvane* This, uint8_t* record, int value1, int value2, int value3) {
+    memcpy(ChipOf(This)->regData4, record, sizeof ChipOf(This)->regData4);
+    Log(This, "SetRegData4");
+}
+static int REGVANE_CALL GetGainMax(IRegvane* This) {
+    return 63;
+}
+static int REGVANE_CALL GetGainMin(IRegvane* This) {
+    return 0;
+}
+static int REGVANE_CALL GetSliderValue(IRegvane* This) {
+    return 0;
+}
+static RegvaneFunctionTable* REGVANE_CALL GetFunctionTable(IRegvane* This) {
+    return &ChipOf(This)->functions;
+}
+static RegvaneFunctionTable2* REGVANE_CALL GetFunctionTable2(IRegvane* This) {
+    return &ChipOf(This)->functions2;
+}
+static RegvaneFunctionTable3* REGVANE_CALL GetFunctionTable3(IRegvane* This) {
+    return &ChipOf(This)->functions3;
+}
+static void REGVANE_CALL NotifyHost(IRegvane* This, int code, int flag) {
+    Log(This, "NotifyHost");
+}
+static void REGVANE_CALL SetModified(IRegvane* This, int flag) {
+    Log(This, "SetModified");
+}
+
+#define REGVANE_C_HOST_ACTION(name)                                                                          \
+    static void REGVANE_CALL name(IRegvane* This) {                                                          \
+        Log(This, #name);                                                                                    \
+    }
+REGVANE_C_HOST_ACTION(BeginChipAccess)
+REGVANE_C_HOST_ACTION(EndChipAccess)
+REGVANE_C_HOST_ACTION(CommitChipAccess)
+REGVANE_C_HOST_ACTION(ApplyChip)
+
+static const char* REGVANE_CALL GetChipModelName(IRegvane* This) {
+    return "MBI5153";
+}
+static int REGVANE_CALL GetRegisterKind(IRegvane* This) {
+    return 4;
+}
+#define REGVANE_C_HOST_ROW_LIST(Get, Set)                                                                    \
+    static void REGVANE_CALL Get(IRegvane* This, RegvaneParamRowList* rows) {                                \
+        rows->rowCount = 0;                                                                                  \
+    }                                                                                                        \
+    static void REGVANE_CALL Set(IRegvane* This, RegvaneParamRowList* rows) {                                \
+        Log(This, #Set);                                                                                     \
+    }
+REGVANE_C_HOST_ROW_LIST(GetICND3065ParamRows, SetICND3065ParamRows)
+REGVANE_C_HOST_ROW_LIST(GetICND3069ParamRows, SetICND3069ParamRows)
+static void REGVANE_CALL Placeholder(IRegvane* This) {
+    ++ChipOf(This)->placeholderCalls;
+}
+
+static IRegvaneVtbl ChipTable(void) {
+    IRegvaneVtbl vtbl;
+    memset(&vtbl, 0, sizeof vtbl);
+#define REGVANE_C_HOST_SET(name) vtbl.name = name;
+    REGVANE_CHIP_OPERATIONS(REGVANE_C_HOST_SET)
+#undef REGVANE_C_HOST_SET
+#define REGVANE_C_HOST_PLACEHOLDER(n) vtbl.Slot##n = Placeholder;
+    REGVANE_PLACEHOLDER_SLOTS(REGVANE_C_HOST_PLACEHOLDER)
+#undef REGVANE_C_HOST_PLACEHOLDER
+    return vtbl;
+}
+
+/* The module-wide callback: English, no host option, nothing else asked for by this page. */
+static int32_t REGVANE_CALL QueryHostState(IRegvaneCallback* This, intptr_t a, intptr_t b, intptr_t c) {
+    return 0;
+}
+static void REGVANE_CALL PostHostCommand(IRegvaneCallback* This, uint16_t command, intptr_t param,
+                                         uint8_t flag, uint8_t byte1, uint8_t byte2, uint16_t word1,
+                                         uint16_t word2) {}
+static void REGVANE_CALL Reserved(IRegvaneCallback* This) {}
+static int REGVANE_CALL GetLanguage(IRegvaneCallback* This) {
+    return 3;
+}
+static void REGVANE_CALL SetHostValue(IRegvaneCallback* This, int reserved, int32_t value, void* dialog) {}
+static uint8_t REGVANE_CALL IsHostOptionOn(IRegvaneCallback* This) {
+    return 0;
+}
+
+static int g_failures;
+
+static void Check(int ok, const char* what) {
+    printf("%s: %s\n", ok ? "ok" : "FAILED", what);
+    g_failures += !ok;
+}
+
+/* The calls logged since the last check are exactly `expected` (null-terminated), in order. */
+static void CheckCalls(Chip* chip, const char* const* expected, const char* what) {
+    int same = 1, i = 0;
+    for (; expected[i]; ++i)
+        same = same && i < chip->callCount && strcmp(chip->calls[i], expected[i]) == 0;
+    same = same && i == chip->callCount;
+    if (!same)
+        for (int k = 0; k < chip->callCount; ++k)
+            printf("  host heard: %s\n", chip->calls[k]);
+    Check(same, what);
+    chip->callCount = 0;
+}
+
+/* A drag ends with the trackbar at its new place and the page told by WM_HSCROLL. */
+static void MoveSlider(HWND page, int id, int position) {
+    HWND slider = GetDlgItem(page, id);
+    SendMessageW(slider, TBM_SETPOS, TRUE, position);
+    SendMessageW(page, WM_HSCROLL, MAKEWPARAM(TB_THUMBPOSITION, position), (LPARAM)slider);
+}
+
+int main(void) {
+    static const uint8_t typical[REGVANE_REG_DATA_BYTES] = {0x11, 0x22, 0x80, 0x20, 0x80, 0x7F, 0x80, 0x2B,
+                                                            0x04, 0x06, 0x04, 0x06, 0x04, 0x06, 0x33, 0x44};
+    const IRegvaneVtbl chipTable = ChipTable();
+    static const IRegvaneCallbackVtbl callbackTable = {.QueryHostState = QueryHostState,
+                                                       .Reserved1 = Reserved,
+                                                       .PostHostCommand = PostHostCommand,
+                                                       .Reserved3 = Reserved,
+                                                       .Reserved4 = Reserved,
+                                                       .Reserved5 = Reserved,
+                                                       .Reserved6 = Reserved,
+                                                       .GetLanguage = GetLanguage,
+                                                       .SetHostValue = SetHostValue,
+                                                       .IsHostOptionOn = IsHostOptionOn};
+    IRegvaneCallback callback = {&callbackTable};
+    static Chip chip;
+    chip.iface.lpVtbl = &chipTable;
+    memcpy(chip.regData, typical, sizeof typical);
+
+    InitRegvane(&callback);
+    RegvaneLanguageChanged();
+    HWND frame = CreateWindowExW(0, L"STATIC", L"C host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 900, 700,
+                                 NULL, NULL, GetModuleHandleW(NULL), NULL);
+    HWND page = CreateRegvaneHwnd(kMbi5153, &chip.iface, L"", frame);
+    Check(page != NULL, "CreateRegvaneHwnd opens chip type 47");
+    if (!page)
+        return 1;
+    ShowWindow(page, SW_SHOW);
+    const char* className = RegvaneDialogClassName(page);
+    Check(className && strcmp(className, "CRegvaneMbi5153") == 0, "the page is the MBI5153 page");
+    Check(SendMessageW(GetDlgItem(page, kRedSlider), TBM_GETPOS, 0, 0) == 32 &&
+              SendMessageW(GetDlgItem(page, kGreenSlider), TBM_GETPOS, 0, 0) == 63,
+          "the gain sliders show what GetRegData returned");
+    static const char* const nothing[] = {NULL};
+    CheckCalls(&chip, nothing, "opening the page changes nothing");
+
+    MoveSlider(page, kGreenSlider, 40);
+    uint8_t expected[REGVANE_REG_DATA_BYTES];
+    memcpy(expected, typical, sizeof expected);
+    expected[5] = 0x40 | 40; /* green's gain bits; bit 6 of its byte stays */
+    Check(memcmp(chip.regData, expected, sizeof expected) == 0, "the green gain reaches byte 5 only");
+    static const char* const changed[] = {"SetRegData", "MarkModified", "UpdateHostState(1, 1)", NULL};
+    CheckCalls(&chip, changed, "a change is written, marked and reported");
+
+    MoveSlider(page, kGreenSlider, 63);
+    Check(memcmp(chip.regData, typical, sizeof typical) == 0, "moving back restores the block");
+    static const char* const unchanged[] = {"SetRegData", "UpdateHostState(1, 1)", NULL};
+    CheckCalls(&chip, unchanged, "back at the snapshot the host hears only the state update");
+
+    Check(chip.placeholderCalls == 0, "no placeholder slot was called");
+    DestroyWindow(page);
+    DestroyWindow(frame);
+    printf("%s\n", g_failures ? "C host: FAILED" : "C host: passed");
+    return g_failures ? 1 : 0;
+}
