@@ -1,10 +1,12 @@
-// What a described page costs to open, against the floor of the same frame with the same controls
-// created bare in the same run: the ratio is what reading the description, laying it out and filling
-// the controls from the chip add, and it holds from machine to machine where absolute times do not.
+// What a described page costs to open and close, against the floor of the same frame with the same
+// windows (every control, label and spin button, at the same places) created bare and closed in the
+// same run: the ratio is what reading the chip, finding the description's layout, hooking up the
+// controls and filling them add, and it holds from machine to machine where absolute times do not.
 // The target is at most 1.3. The first opening of a class includes parsing its description, which
 // happens once per module; later openings reuse it.
 //
-// Run under Wine, from the build: xvfb-run -a cmake/wine-run.sh build/windows/App/Bin/regvane_page_bench.exe
+// Run under Wine, from the build (rounds, then chip types; hand-written pages can be measured too):
+//   xvfb-run -a cmake/wine-run.sh build/windows/App/Bin/regvane_page_bench.exe [300 [65551 65561 ...]]
 #include "host/RegvaneExports.h"
 #include "workbench/SimulatedChip.h"
 
@@ -99,7 +101,7 @@ HWND OpenBare(const std::vector<WORD>& frame, const std::vector<Child>& children
 
 int main(int argc, char** argv) {
     std::vector<int> types{65536 + 15, 65536 + 25, 65536 + 48}; // FM6126EX, FM6127EX, FM6129Ex
-    const int rounds = argc > 1 ? std::max(5, std::atoi(argv[1])) : 200;
+    const int rounds = argc > 1 ? std::max(5, std::atoi(argv[1])) : 300;
     if (argc > 2) {
         types.clear();
         for (int i = 2; i < argc; ++i)

@@ -21,6 +21,7 @@ constexpr int kGroupIndent = 6;
 constexpr int kGroupTitle = 11;
 constexpr int kGroupBottom = 4;
 constexpr int kGroupGap = 4;
+constexpr int kSpinWidth = 10;
 constexpr int kButtonWidth = 50;
 constexpr int kButtonHeight = 14;
 
@@ -203,7 +204,14 @@ LayoutPlan Planner::Plan() {
             Rect rect{x, controlTop, x + width, controlTop + height};
             if (field.control == Control::Combo) // the drop-down list hangs below the box
                 rect.bottom += Y(10) * std::min<int>(static_cast<int>(field.items.size()), 12) + Y(4);
-            Add(Role::Control, row, colour, id, {}, rect);
+            if (field.control == Control::Number) { // the spin buttons take the right end
+                rect.right -= X(kSpinWidth);
+                Add(Role::Control, row, colour, id, {}, rect);
+                Add(Role::Spin, row, colour, 0, {},
+                    {rect.right, rect.top, rect.right + X(kSpinWidth), rect.bottom});
+            } else {
+                Add(Role::Control, row, colour, id, {}, rect);
+            }
             if (!field.readout.empty()) {
                 const int readoutId =
                     field.readoutIds.empty() ? NextId() : field.readoutIds[static_cast<std::size_t>(colour)];

@@ -28,6 +28,7 @@ enum class Role : std::uint8_t {
     ColourHeader,
     Label,
     Control,
+    Spin, // the spin buttons of the number edit just before: a place, not a window of its own
     Readout,
     DefaultButton,
     OkButton,

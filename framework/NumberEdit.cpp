@@ -67,6 +67,12 @@ void CNumberEdit::SetUnit(std::wstring_view unit) {
     ShowValue();
 }
 
+void CNumberEdit::EnableSpin(const RECT& place) {
+    m_spinPlaced = true;
+    m_spinPlace = place;
+    EnableSpin(true);
+}
+
 void CNumberEdit::EnableSpin(bool enable) {
     m_spinWanted = enable;
     if (!m_hWnd)
@@ -110,8 +116,12 @@ double CNumberEdit::Normalize(double value) const {
 }
 
 void CNumberEdit::ShowValue() {
-    if (m_hWnd)
-        ::SetWindowTextW(m_hWnd, Format(m_value).c_str());
+    if (!m_hWnd)
+        return;
+    // Setting the text the edit already shows would only make it notify and redraw.
+    const std::wstring text = Format(m_value);
+    if (GetWindowText() != text)
+        ::SetWindowTextW(m_hWnd, text.c_str());
 }
 
 void CNumberEdit::CommitText() {
@@ -147,14 +157,29 @@ void CNumberEdit::Commit(double value) {
 void CNumberEdit::CreateSpin() {
     if (!m_hWnd || !m_parent || m_spin)
         return;
+    RECT place = m_spinPlace;
+    if (!m_spinPlaced) {
+        // The right end of the edit's place, as an up-down aligned to its buddy takes it; placing
+        // it ourselves spares the buddy's rounds of moving both windows.
+        RECT edit{};
+        ::GetWindowRect(m_hWnd, &edit);
+        ::MapWindowPoints(nullptr, m_parent, reinterpret_cast<POINT*>(&edit), 2);
+        const int width = std::min<int>(::GetSystemMetrics(SM_CXVSCROLL), (edit.right - edit.left) / 2);
+        ::SetWindowPos(m_hWnd, nullptr, 0, 0, edit.right - edit.left - width, edit.bottom - edit.top,
+                       SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        place = {edit.right - width, edit.top, edit.right, edit.bottom};
+    }
     const DWORD visible = (::GetWindowLongPtrW(m_hWnd, GWL_STYLE) & WS_VISIBLE) ? WS_VISIBLE : 0;
-    m_spin = ::CreateWindowExW(0, UPDOWN_CLASSW, nullptr, WS_CHILD | visible | UDS_ALIGNRIGHT, 0, 0, 0, 0,
-                               m_parent, nullptr, ResourceInstance(), nullptr);
+    m_spin = ::CreateWindowExW(WS_EX_NOPARENTNOTIFY, UPDOWN_CLASSW, nullptr, WS_CHILD | visible, place.left,
+                               place.top, place.right - place.left, place.bottom - place.top, m_parent,
+                               nullptr, ResourceInstance(), nullptr);
     if (!m_spin)
         return;
+    // Right after the edit in the tab and drawing order, as a buddy's up-down is.
+    if (::GetWindow(m_hWnd, GW_HWNDNEXT) != m_spin)
+        ::SetWindowPos(m_spin, m_hWnd, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     ::SendMessageW(m_spin, UDM_SETRANGE32, kSpinRest - 1, kSpinRest + 1);
     ::SendMessageW(m_spin, UDM_SETPOS32, 0, kSpinRest);
-    ::SendMessageW(m_spin, UDM_SETBUDDY, reinterpret_cast<WPARAM>(m_hWnd), 0);
     std::vector<CNumberEdit*>& edits = SpinEditsOf()[m_parent];
     if (edits.empty())
         ::SetWindowSubclass(m_parent, ParentProc, kParentSubclassId, 0);

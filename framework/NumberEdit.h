@@ -36,8 +36,11 @@ public:
     void SetStep(double step) { m_step = step; }
     void SetPrecision(int decimals);
     void SetUnit(std::wstring_view unit);
-    // Adds (or removes) the spin buttons; takes effect when the window exists.
+    // Adds (or removes) the spin buttons; takes effect when the window exists. They take the right
+    // end of the edit's place, unless the dialog gives them a place of their own (in its client
+    // coordinates), as a page that lays out its own controls does.
     void EnableSpin(bool enable);
+    void EnableSpin(const RECT& place);
 
     // Clamps to the range, rounds to the precision and shows the value; no notification.
     void SetValue(double value);
@@ -70,6 +73,8 @@ private:
     int m_precision = 0;
     std::wstring m_unit;
     bool m_spinWanted = false;
+    bool m_spinPlaced = false;
+    RECT m_spinPlace{};
     HWND m_spin = nullptr;
     HWND m_parent = nullptr;
 };

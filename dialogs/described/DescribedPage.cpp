@@ -242,18 +242,37 @@ void CDescribedPage::CreateControls() {
     const std::vector<Field>& fields = m_description->fields;
     m_fieldWindows.assign(fields.size(), {});
     for (const PlannedWindow& planned : plan.windows) {
-        const Control control =
-            planned.field >= 0 ? fields[static_cast<std::size_t>(planned.field)].control : Control::None;
+        if (planned.role == Role::Spin) {
+            if (!m_slots.empty() && m_slots.back().edit)
+                m_slots.back().edit->EnableSpin(
+                    RECT{planned.rect.left, planned.rect.top, planned.rect.right, planned.rect.bottom});
+            continue;
+        }
+        const Field* field = planned.field >= 0 ? &fields[static_cast<std::size_t>(planned.field)] : nullptr;
+        const Control control = field ? field->control : Control::None;
+        std::unique_ptr<CNumberEdit> edit;
+        std::wstring text = planned.text;
+        if (planned.role == Role::Control && control == Control::Number) {
+            // Set up before it takes its window, and the window made with the value the chip held
+            // when the page opened: the edit then needs no new text until the chip changes.
+            edit = std::make_unique<CNumberEdit>();
+            edit->SetRange(field->minimum, field->maximum);
+            edit->SetStep(field->step);
+            if (!field->unit.text.empty())
+                edit->SetUnit(ItemText(field->unit, texts));
+            edit->SetValue(SnapshotValue(*field, planned.colour));
+            text = edit->Format(edit->GetValue());
+        }
         const WindowKind kind = KindOf(planned.role, control);
         // As the dialog manager makes a template's controls: they do not notify the page of their
         // creation and destruction.
-        HWND window = ::CreateWindowExW(
-            kind.exStyle | WS_EX_NOPARENTNOTIFY, kind.windowClass, planned.text.c_str(),
-            WS_CHILD | WS_VISIBLE | kind.style, planned.rect.left, planned.rect.top, planned.rect.Width(),
-            planned.rect.Height(), m_hWnd, reinterpret_cast<HMENU>(static_cast<INT_PTR>(planned.id)),
-            ResourceInstance(), nullptr);
+        HWND window = ::CreateWindowExW(kind.exStyle | WS_EX_NOPARENTNOTIFY, kind.windowClass, text.c_str(),
+                                        WS_CHILD | WS_VISIBLE | kind.style, planned.rect.left,
+                                        planned.rect.top, planned.rect.Width(), planned.rect.Height(), m_hWnd,
+                                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(planned.id)),
+                                        ResourceInstance(), nullptr);
         ::SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-        if (planned.field >= 0)
+        if (field)
             m_fieldWindows[static_cast<std::size_t>(planned.field)].push_back(window);
         if (planned.role == Role::LinkSwitch)
             m_linkId = planned.id;
@@ -265,27 +284,19 @@ void CDescribedPage::CreateControls() {
         }
         if (planned.role != Role::Control)
             continue;
-        ControlSlot slot{planned.field, planned.colour, planned.id, window, nullptr, nullptr, {}};
-        const Field& field = fields[static_cast<std::size_t>(planned.field)];
-        switch (field.control) {
+        ControlSlot slot{planned.field, planned.colour, planned.id, window, nullptr, std::move(edit), {}};
+        switch (control) {
         case Control::Slider:
-            ::SendMessageW(window, TBM_SETRANGEMIN, FALSE, field.minimum);
-            ::SendMessageW(window, TBM_SETRANGEMAX, TRUE, field.maximum);
+            ::SendMessageW(window, TBM_SETRANGEMIN, FALSE, field->minimum);
+            ::SendMessageW(window, TBM_SETRANGEMAX, TRUE, field->maximum);
             break;
         case Control::Combo:
-            for (const Item& item : field.items) {
-                const std::wstring text = ItemText(item, texts);
-                ::SendMessageW(window, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+            for (const Item& item : field->items) {
+                const std::wstring itemText = ItemText(item, texts);
+                ::SendMessageW(window, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(itemText.c_str()));
             }
             break;
         case Control::Number:
-            // Set up before it takes the window, so the edit shows its text once.
-            slot.edit = std::make_unique<CNumberEdit>();
-            slot.edit->SetRange(field.minimum, field.maximum);
-            slot.edit->SetStep(field.step);
-            if (!field.unit.text.empty())
-                slot.edit->SetUnit(ItemText(field.unit, texts));
-            slot.edit->EnableSpin(true);
             slot.edit->SubclassWindow(window);
             break;
         default:
@@ -295,6 +306,14 @@ void CDescribedPage::CreateControls() {
     }
     ::SetWindowPos(m_hWnd, nullptr, 0, 0, plan.width, plan.height,
                    SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+int CDescribedPage::SnapshotValue(const chipdesc::Field& field, int colour) const {
+    const auto& changeTest = m_description->page.changeTest;
+    if (std::find(changeTest.begin(), changeTest.end(), field.source) == changeTest.end() ||
+        IsHostValue(field.source))
+        return field.minimum;
+    return ReadValue(field, m_snapshot[static_cast<std::size_t>(field.source)], colour);
 }
 
 void CDescribedPage::ShowValue(ControlSlot& slot, int value) {
@@ -309,7 +328,10 @@ void CDescribedPage::ShowValue(ControlSlot& slot, int value) {
         ::SendMessageW(slot.window, CB_SETCURSEL, static_cast<WPARAM>(value), 0);
         break;
     case Control::Number:
-        slot.edit->SetValue(value);
+        // An edit that holds the value already is left alone (and so is what an operator is typing
+        // into it when the host has the chip read again).
+        if (slot.edit->GetValueInt() != value)
+            slot.edit->SetValue(value);
         break;
     case Control::Hex:
         slot.shownText = FormatRawByte(static_cast<std::uint8_t>(value));

@@ -65,6 +65,8 @@ private:
 
     const chipdesc::LayoutPlan& Plan(HFONT font) const;
     void CreateControls();
+    // What the chip held for a field when the page opened, where the snapshot has it.
+    int SnapshotValue(const chipdesc::Field& field, int colour) const;
     void ShowValue(ControlSlot& slot, int value);
     int ControlValue(const ControlSlot& slot) const;
     void UpdateReadout(const ControlSlot& slot, int value) const;
