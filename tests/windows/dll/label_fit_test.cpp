@@ -1,12 +1,14 @@
 // Translated texts fit the controls that show them, in every host language: a label that wraps into
-// a line its control has no room for, or runs past its edge, loses words the operator needs. Each
-// text is measured with the control's own font (and the fonts the prefix links to it for scripts it
-// lacks, as on Windows) and compared with the room the control draws it in.
+// a line its control has no room for, or runs past its edge, loses words the operator needs, and
+// a letter no font has comes out as a box. Each text is drawn and measured with the control's own
+// font (and the fonts linked to it for scripts it lacks, as on Windows) and compared with the room
+// the control draws it in.
 #include "TestHost.h"
 #include "factory/ChipTypes.h"
 #include "module/LanguageSelection.h"
 #include "workbench/ChipCatalog.h"
 #include "workbench/ChipPresets.h"
+#include "workbench/Win32Text.h"
 
 #include <commctrl.h>
 #include <gtest/gtest.h>
@@ -17,15 +19,6 @@
 #include <vector>
 
 namespace {
-
-std::string Utf8(const std::wstring& text) {
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text.c_str(), static_cast<int>(text.size()), nullptr, 0,
-                                         nullptr, nullptr);
-    std::string utf8(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.c_str(), static_cast<int>(text.size()), utf8.data(), size, nullptr,
-                        nullptr);
-    return utf8;
-}
 
 std::wstring ClassOf(HWND window) {
     wchar_t name[64] = {};
@@ -232,13 +225,22 @@ std::string ButtonMisfit(HWND control) {
     return Misfit(dc, text, format, room);
 }
 
-// A drop-down list shows the chosen item in the field beside its arrow.
+// The findings about one control's items, one after another.
+void Note(std::string& misfits, const std::string& finding) {
+    if (finding.empty())
+        return;
+    if (!misfits.empty())
+        misfits += "; ";
+    misfits += finding;
+}
+
+// A drop-down list shows the chosen item on one line in the field beside its arrow.
 std::string ComboMisfit(HWND combo) {
     COMBOBOXINFO info{};
     info.cbSize = sizeof info;
     if (!GetComboBoxInfo(combo, &info))
         return {};
-    const int room = info.rcItem.right - info.rcItem.left - 2;
+    const Room room{info.rcItem.right - info.rcItem.left - 2, info.rcItem.bottom - info.rcItem.top};
     ControlDc dc(combo);
     std::string misfits;
     const LRESULT count = SendMessageW(combo, CB_GETCOUNT, 0, 0);
@@ -246,27 +248,21 @@ std::string ComboMisfit(HWND combo) {
         std::wstring item(static_cast<std::size_t>(SendMessageW(combo, CB_GETLBTEXTLEN, i, 0)) + 1, L'\0');
         item.resize(static_cast<std::size_t>(
             SendMessageW(combo, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(item.data()))));
-        const int reach = dc.Reach(item, DT_NOPREFIX);
-        if (const std::wstring boxed = dc.Boxed(item); !boxed.empty())
-            misfits += (misfits.empty() ? "" : "; ") + std::string("item ") + Quoted(item) + " draws " +
-                       Quoted(boxed) + " as boxes";
-        else if (reach > room)
-            misfits += (misfits.empty() ? "" : "; ") + std::string("item ") + Quoted(item) + " reaches " +
-                       std::to_string(reach) + " pixels, has " + std::to_string(room);
+        const std::string misfit = Misfit(dc, item, DT_SINGLELINE | DT_NOPREFIX, room);
+        Note(misfits, misfit.empty() ? "" : "item " + misfit);
     }
     return misfits;
 }
 
-// A list's column header draws its text between padding on both sides.
+// A list's column header draws each title between its margins, and shortens it with "..." once
+// its advance is wider than the room between them.
 std::string ListHeaderMisfit(HWND list) {
     HWND header = ListView_GetHeader(list);
     if (!header)
         return {};
     ControlDc dc(header);
+    const int margins = 2 * Header_GetBitmapMargin(header);
     std::string misfits;
-    // The header shortens a title with "..." once its advance is wider than the room between its
-    // margins.
-    const int padding = 2 * Header_GetBitmapMargin(header);
     for (int i = 0; i < Header_GetItemCount(header); ++i) {
         wchar_t text[256] = {};
         HDITEMW item{};
@@ -274,13 +270,14 @@ std::string ListHeaderMisfit(HWND list) {
         item.pszText = text;
         item.cchTextMax = 256;
         Header_GetItem(header, i, &item);
-        const int needs = dc.Advance(text) + padding;
+        if (!*text)
+            continue;
+        const int needs = dc.Advance(text) + margins;
         if (const std::wstring boxed = dc.Boxed(text); !boxed.empty())
-            misfits += (misfits.empty() ? "" : "; ") + std::string("column ") + Quoted(text) + " draws " +
-                       Quoted(boxed) + " as boxes";
-        else if (*text && item.cxy > 0 && needs > item.cxy)
-            misfits += (misfits.empty() ? "" : "; ") + std::string("column ") + Quoted(text) + " needs " +
-                       std::to_string(needs) + " pixels, has " + std::to_string(item.cxy);
+            Note(misfits, "column " + Quoted(text) + " draws " + Quoted(boxed) + " as boxes");
+        else if (needs > item.cxy)
+            Note(misfits, "column " + Quoted(text) + " needs " + std::to_string(needs) + " pixels, has " +
+                              std::to_string(item.cxy));
     }
     return misfits;
 }
