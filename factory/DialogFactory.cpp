@@ -1,11 +1,14 @@
 #include "factory/DialogFactory.h"
 
 #include "dialogs/chips/AllChipDialogs.h"
+#include "dialogs/described/DescribedPage.h"
+#include "dialogs/described/DescriptionRegistry.h"
 #include "factory/ChipTypeTable.h"
 #include "factory/ChipTypes.h"
 #include "factory/GenericChipPages.h"
 
 #include <iterator>
+#include <optional>
 
 namespace {
 
@@ -31,6 +34,22 @@ constexpr PageMaker kPageMakers[] = {REGVANE_CHIP_CLASSES(REGVANE_PAGE_MAKER, RE
 #undef REGVANE_NEW_CHIP_CAPTION_PARENT
 #undef REGVANE_NEW_CHIP_MODE_CAPTION_PARENT
 
+// A page class without behaviour of its own opens its description when it has one. A description
+// that cannot be used leaves the raw register editor, and the operator is told once why.
+CDialog* DescribedPageOf(const ChipClassInfo& chipClass, IRegvane* chip, const wchar_t* caption, HWND parent,
+                         std::optional<DescriptionProblem>& problem) {
+    if (chipClass.custom)
+        return nullptr;
+    DescriptionLookup lookup = DescriptionRegistry::Module().Find(chipClass.className);
+    problem = std::move(lookup.problem);
+    if (!lookup.description)
+        return nullptr;
+    // Only the constructors that take a caption hand it on.
+    const bool takesCaption = chipClass.constructor == ChipConstructor::ChipCaptionParent ||
+                              chipClass.constructor == ChipConstructor::ChipModeCaptionParent;
+    return new CDescribedPage(std::move(lookup.description), chip, takesCaption ? caption : nullptr, parent);
+}
+
 } // namespace
 
 CDialog* CreateChipDialog(int chipType, IRegvane* chip, const wchar_t* caption, HWND parent) {
@@ -40,9 +59,15 @@ CDialog* CreateChipDialog(int chipType, IRegvane* chip, const wchar_t* caption, 
     const ChipChoice choice = ChooseChipClass(chipType, querySubType);
     if (!choice || choice.classIndex >= std::size(kPageMakers))
         return nullptr;
-    CDialog* dialog = kPageMakers[choice.classIndex](chip, caption, parent);
+    std::optional<DescriptionProblem> problem;
+    CDialog* dialog = DescribedPageOf(*choice.chipClass, chip, caption, parent, problem);
+    if (!dialog)
+        dialog = kPageMakers[choice.classIndex](chip, caption, parent);
     // The host owns the page from here, even one whose window could not be made (CreateRegvaneHwnd
     // frees such a page itself).
     dialog->Create(choice.chipClass->templateId, parent);
+    if (problem)
+        DescriptionRegistry::Module().TellOnce(*problem,
+                                               dialog->GetSafeHwnd() ? dialog->GetSafeHwnd() : parent);
     return dialog;
 }

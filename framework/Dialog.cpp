@@ -4,6 +4,9 @@
 
 #include <commctrl.h>
 
+#include <cstdint>
+#include <vector>
+
 namespace {
 
 // Marks windows created by this framework; the value is the dialog object.
@@ -58,7 +61,7 @@ CDialog::~CDialog() {
     }
 }
 
-BOOL CDialog::Create(UINT templateId, HWND parent) {
+void CDialog::RegisterCommonControls() {
     static const bool controlsRegistered = [] {
         INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), ICC_BAR_CLASSES | ICC_UPDOWN_CLASS |
                                                                        ICC_STANDARD_CLASSES |
@@ -66,11 +69,39 @@ BOOL CDialog::Create(UINT templateId, HWND parent) {
         return ::InitCommonControlsEx(&classes) != FALSE;
     }();
     (void)controlsRegistered;
+}
+
+BOOL CDialog::Create(UINT templateId, HWND parent) {
+    RegisterCommonControls();
     m_templateId = templateId;
     if (!parent)
         parent = m_parentAtConstruction;
     HWND window = ::CreateDialogParamW(ResourceInstance(), MAKEINTRESOURCEW(templateId), parent, DialogProc,
                                        reinterpret_cast<LPARAM>(this));
+    return window != nullptr;
+}
+
+BOOL CDialog::CreateFrame(UINT templateId, HWND parent) {
+    RegisterCommonControls();
+    m_templateId = templateId;
+    if (!parent)
+        parent = m_parentAtConstruction;
+    HRSRC found = ::FindResourceW(ResourceInstance(), MAKEINTRESOURCEW(templateId), RT_DIALOG);
+    HGLOBAL loaded = found ? ::LoadResource(ResourceInstance(), found) : nullptr;
+    const auto* bytes = loaded ? static_cast<const std::uint8_t*>(::LockResource(loaded)) : nullptr;
+    const DWORD size = found ? ::SizeofResource(ResourceInstance(), found) : 0;
+    if (!bytes || size < 18)
+        return FALSE;
+    // The same template with a control count of 0: DLGTEMPLATEEX keeps the count at byte 16,
+    // DLGTEMPLATE at byte 8. Everything after the header is then never read.
+    std::vector<std::uint8_t> frame(bytes, bytes + size);
+    const bool extended = frame[2] == 0xFF && frame[3] == 0xFF;
+    const std::size_t countOffset = extended ? 16 : 8;
+    frame[countOffset] = 0;
+    frame[countOffset + 1] = 0;
+    HWND window =
+        ::CreateDialogIndirectParamW(ResourceInstance(), reinterpret_cast<LPCDLGTEMPLATEW>(frame.data()),
+                                     parent, DialogProc, reinterpret_cast<LPARAM>(this));
     return window != nullptr;
 }
 

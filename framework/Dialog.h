@@ -38,6 +38,9 @@ public:
 
     // Creates the window from this module's template as a child of parent; FALSE when that fails.
     virtual BOOL Create(UINT templateId, HWND parent);
+    // Creates the window from the template's frame only (style, size, caption, font), without its
+    // controls: for pages that lay out their own controls in their class's frame.
+    BOOL CreateFrame(UINT templateId, HWND parent);
     UINT TemplateId() const { return m_templateId; }
 
     // The class name of the chip page, for diagnostics and for hosts that list pages.
@@ -95,6 +98,7 @@ protected:
     bool Initializing() const { return m_initializing; }
 
 private:
+    static void RegisterCommonControls();
     static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
 

@@ -8,6 +8,8 @@
 #include <climits>
 #include <cmath>
 #include <cwchar>
+#include <map>
+#include <vector>
 #include <utility>
 
 namespace {
@@ -15,6 +17,15 @@ namespace {
 // The spin buttons never move: every press is a step, and the up-down stays in the middle of its
 // range so both arrows keep working.
 constexpr int kSpinRest = 1;
+
+// The numeric edits whose spin buttons live in each parent window. All of them share one subclass
+// of the parent: a page with many edits would otherwise pass every one of its messages through one
+// subclass procedure per edit.
+std::map<HWND, std::vector<CNumberEdit*>>& SpinEditsOf() {
+    static std::map<HWND, std::vector<CNumberEdit*>> edits;
+    return edits;
+}
+constexpr UINT_PTR kParentSubclassId = 0x0746;
 
 } // namespace
 
@@ -65,6 +76,7 @@ void CNumberEdit::EnableSpin(bool enable) {
     } else if (!enable && m_spin) {
         ::DestroyWindow(m_spin);
         m_spin = nullptr;
+        LeaveParent();
     }
 }
 
@@ -143,15 +155,30 @@ void CNumberEdit::CreateSpin() {
     ::SendMessageW(m_spin, UDM_SETRANGE32, kSpinRest - 1, kSpinRest + 1);
     ::SendMessageW(m_spin, UDM_SETPOS32, 0, kSpinRest);
     ::SendMessageW(m_spin, UDM_SETBUDDY, reinterpret_cast<WPARAM>(m_hWnd), 0);
-    ::SetWindowSubclass(m_parent, ParentProc, reinterpret_cast<UINT_PTR>(this),
-                        reinterpret_cast<DWORD_PTR>(this));
+    std::vector<CNumberEdit*>& edits = SpinEditsOf()[m_parent];
+    if (edits.empty())
+        ::SetWindowSubclass(m_parent, ParentProc, kParentSubclassId, 0);
+    edits.push_back(this);
+}
+
+void CNumberEdit::LeaveParent() {
+    auto found = SpinEditsOf().find(m_parent);
+    if (found == SpinEditsOf().end())
+        return;
+    std::vector<CNumberEdit*>& edits = found->second;
+    edits.erase(std::remove(edits.begin(), edits.end(), this), edits.end());
+    if (edits.empty()) {
+        if (::IsWindow(m_parent))
+            ::RemoveWindowSubclass(m_parent, ParentProc, kParentSubclassId);
+        SpinEditsOf().erase(found);
+    }
 }
 
 void CNumberEdit::Release() {
     if (m_hWnd && ::IsWindow(m_hWnd))
         ::RemoveWindowSubclass(m_hWnd, EditProc, reinterpret_cast<UINT_PTR>(this));
-    if (m_parent && ::IsWindow(m_parent))
-        ::RemoveWindowSubclass(m_parent, ParentProc, reinterpret_cast<UINT_PTR>(this));
+    if (m_parent)
+        LeaveParent();
     Detach();
     m_parent = nullptr;
     m_spin = nullptr;
@@ -215,23 +242,34 @@ LRESULT CALLBACK CNumberEdit::EditProc(HWND window, UINT message, WPARAM wParam,
 }
 
 LRESULT CALLBACK CNumberEdit::ParentProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                         DWORD_PTR data) {
-    auto* self = reinterpret_cast<CNumberEdit*>(data);
-    if (message == WM_NOTIFY && self->m_spin) {
-        const auto* header = reinterpret_cast<const NMHDR*>(lParam);
-        if (header->hwndFrom == self->m_spin && header->code == UDN_DELTAPOS) {
+                                         DWORD_PTR) {
+    if (message == WM_NOTIFY || message == WM_VSCROLL) {
+        const HWND from = message == WM_NOTIFY ? reinterpret_cast<const NMHDR*>(lParam)->hwndFrom
+                                               : reinterpret_cast<HWND>(lParam);
+        const auto found = SpinEditsOf().find(window);
+        CNumberEdit* self = nullptr;
+        if (from && found != SpinEditsOf().end())
+            for (CNumberEdit* edit : found->second)
+                if (edit->m_spin == from)
+                    self = edit;
+        if (self && message == WM_VSCROLL)
+            return 0; // a spin press is a value change, not a scroll of the page
+        if (self && reinterpret_cast<const NMHDR*>(lParam)->code == UDN_DELTAPOS) {
             const auto* change = reinterpret_cast<const NMUPDOWN*>(lParam);
             if (change->iDelta != 0)
                 self->StepBy(change->iDelta > 0 ? 1 : -1);
             return 1; // keep the up-down at rest
         }
     }
-    if (message == WM_VSCROLL && self->m_spin && reinterpret_cast<HWND>(lParam) == self->m_spin)
-        return 0; // a spin press is a value change, not a scroll of the page
     if (message == WM_NCDESTROY) {
-        ::RemoveWindowSubclass(window, ParentProc, reinterpret_cast<UINT_PTR>(self));
-        self->m_parent = nullptr;
-        self->m_spin = nullptr;
+        ::RemoveWindowSubclass(window, ParentProc, kParentSubclassId);
+        if (const auto found = SpinEditsOf().find(window); found != SpinEditsOf().end()) {
+            for (CNumberEdit* edit : found->second) {
+                edit->m_parent = nullptr;
+                edit->m_spin = nullptr;
+            }
+            SpinEditsOf().erase(found);
+        }
     }
     return ::DefSubclassProc(window, message, wParam, lParam);
 }

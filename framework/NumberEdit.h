@@ -60,6 +60,7 @@ private:
     void StepBy(int steps);
     void Commit(double value);
     void CreateSpin();
+    void LeaveParent();
     void Release();
 
     double m_value = 0;

@@ -5,10 +5,24 @@
 #include <algorithm>
 #include <cstdint>
 
+std::wstring ChipModelName(IRegvane* chip) {
+    const char* model = chip ? chip->GetChipModelName() : nullptr;
+    if (!model || !*model)
+        return {};
+    const int length = ::MultiByteToWideChar(CP_ACP, 0, model, -1, nullptr, 0);
+    if (length <= 1)
+        return {};
+    std::wstring wide(static_cast<std::size_t>(length), L'\0');
+    ::MultiByteToWideChar(CP_ACP, 0, model, -1, wide.data(), length);
+    wide.resize(static_cast<std::size_t>(length - 1));
+    return wide;
+}
+
 CChipDialog::CChipDialog(UINT templateId, IRegvane* chip, HWND parent, const wchar_t* caption,
                          SnapshotScope scope)
     : CDialog(templateId, parent), m_chip(chip), m_scope(scope), m_caption(caption ? caption : L"") {
-    m_snapshotBlock = ReadBlock();
+    if (m_scope != SnapshotScope::Nothing)
+        m_snapshotBlock = ReadBlock();
     if (m_scope == SnapshotScope::BlockAndRecord)
         m_snapshotRecord = ReadRecord();
 }

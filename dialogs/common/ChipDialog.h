@@ -53,6 +53,10 @@ inline constexpr int kChipCancelButtonId = 8571;
 // wParam = the page number, lParam = 1.
 inline constexpr UINT kOpenHostPageMessage = 0x0904;
 
+// The chip model the host reports (narrow text in the system code page), as wide text; empty without
+// a host or a name.
+std::wstring ChipModelName(IRegvane* chip);
+
 using RegBlock = std::array<std::uint8_t, kRegDataBytes>;
 // 16 bytes followed by a 32-bit word, read and written whole.
 using Record20 = std::array<std::uint8_t, kRegData4Bytes>;
@@ -60,6 +64,7 @@ using Record20 = std::array<std::uint8_t, kRegData4Bytes>;
 enum class SnapshotScope {
     BlockAndRecord, // the 16-byte block and the 20-byte record
     BlockOnly,      // the block; the page snapshots and compares anything else itself
+    Nothing,        // the page snapshots and compares everything itself
 };
 
 class CChipDialog : public CDialog {

@@ -38,6 +38,9 @@ RegvaneLibrary& RegvaneLibrary::Get() {
             throw std::runtime_error("regvane.dll did not load");
         lib.InitRegvane = Export<InitRegvaneFn>(lib.module, "InitRegvane");
         lib.RegvaneLanguageChanged = Export<RegvaneLanguageChangedFn>(lib.module, "RegvaneLanguageChanged");
+        lib.RegvaneCheckDescription = Export<RegvaneCheckDescriptionFn>(lib.module, "RegvaneCheckDescription");
+        lib.RegvaneCreateDescribedPage =
+            Export<RegvaneCreateDescribedPageFn>(lib.module, "RegvaneCreateDescribedPage");
         lib.CreateRegvaneWnd = Export<CreateRegvaneWndFn>(lib.module, "CreateRegvaneWnd");
         lib.CreateRegvaneHwnd = Export<CreateRegvaneHwndFn>(lib.module, "CreateRegvaneHwnd");
         lib.RegvaneDialogClassName = Export<RegvaneDialogClassNameFn>(lib.module, "RegvaneDialogClassName");

@@ -3,6 +3,7 @@
 // operator does.
 #pragma once
 
+#include "host/RegvaneDesignerExports.h"
 #include "host/RegvaneExports.h"
 #include "workbench/SimulatedChip.h"
 
@@ -19,6 +20,8 @@ struct RegvaneLibrary {
     CreateRegvaneWndFn CreateRegvaneWnd = nullptr;
     CreateRegvaneHwndFn CreateRegvaneHwnd = nullptr;
     RegvaneDialogClassNameFn RegvaneDialogClassName = nullptr;
+    RegvaneCheckDescriptionFn RegvaneCheckDescription = nullptr;
+    RegvaneCreateDescribedPageFn RegvaneCreateDescribedPage = nullptr;
 
     // Loaded once per test process from the test program's own folder.
     static RegvaneLibrary& Get();

@@ -8,7 +8,6 @@
 #include <windows.h>
 
 #include <array>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -27,15 +26,6 @@ int ColourOfWindow(const std::array<Control, kColourCount>& controls, HWND windo
             return colour;
     return -1;
 }
-
-// A page's grid of per-colour field edits is numbered from its first id, setting by setting, red,
-// green and blue within each setting.
-struct FieldEditSlot {
-    std::size_t setting;
-    Colour colour;
-};
-// The slot of an edit id, or nothing for an id outside the grid of `settings` rows.
-std::optional<FieldEditSlot> FieldEditAt(UINT id, int firstId, std::size_t settings);
 
 // "<model name the host reports> <translated setting title>".
 std::wstring ModelCaption(IRegvane* chip, std::wstring_view titleStringId);

@@ -1,0 +1,159 @@
+// What a described page costs to open, against the floor of the same frame with the same controls
+// created bare in the same run: the ratio is what reading the description, laying it out and filling
+// the controls from the chip add, and it holds from machine to machine where absolute times do not.
+// The target is at most 1.3. The first opening of a class includes parsing its description, which
+// happens once per module; later openings reuse it.
+//
+// Run under Wine, from the build: xvfb-run -a cmake/wine-run.sh build/windows/App/Bin/regvane_page_bench.exe
+#include "host/RegvaneExports.h"
+#include "workbench/SimulatedChip.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <iterator>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Child {
+    std::wstring windowClass;
+    std::wstring text;
+    DWORD style, exStyle;
+    RECT rect;
+    int id;
+};
+
+double Now() {
+    LARGE_INTEGER counter, frequency;
+    QueryPerformanceCounter(&counter);
+    QueryPerformanceFrequency(&frequency);
+    return static_cast<double>(counter.QuadPart) / static_cast<double>(frequency.QuadPart);
+}
+
+double Median(std::vector<double> samples) {
+    std::sort(samples.begin(), samples.end());
+    return samples[samples.size() / 2];
+}
+
+std::vector<Child> ChildrenOf(HWND page) {
+    std::vector<Child> children;
+    for (HWND child = GetWindow(page, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        Child c;
+        wchar_t name[64] = {}, text[256] = {};
+        GetClassNameW(child, name, 64);
+        GetWindowTextW(child, text, 256);
+        c.windowClass = name;
+        c.text = text;
+        c.style = static_cast<DWORD>(GetWindowLongPtrW(child, GWL_STYLE));
+        c.exStyle = static_cast<DWORD>(GetWindowLongPtrW(child, GWL_EXSTYLE));
+        GetWindowRect(child, &c.rect);
+        MapWindowPoints(nullptr, page, reinterpret_cast<POINT*>(&c.rect), 2);
+        c.id = GetDlgCtrlID(child);
+        children.push_back(c);
+    }
+    return children;
+}
+
+INT_PTR CALLBACK BareProc(HWND, UINT message, WPARAM, LPARAM) {
+    return message == WM_INITDIALOG;
+}
+
+// The page's frame as a bare dialog: an empty template of the same size, style and font.
+std::vector<WORD> BareTemplate(HWND page) {
+    RECT client;
+    GetClientRect(page, &client);
+    std::vector<WORD> words(64, 0);
+    auto* header = reinterpret_cast<DLGTEMPLATE*>(words.data());
+    header->style = DS_SETFONT | DS_CONTROL | WS_CHILD;
+    header->cx = static_cast<short>(client.right);
+    header->cy = static_cast<short>(client.bottom);
+    WORD* tail = reinterpret_cast<WORD*>(header + 1);
+    tail[0] = 0; // no menu
+    tail[1] = 0; // standard class
+    tail[2] = 0; // no title
+    tail[3] = 8; // point size
+    const wchar_t face[] = L"MS Shell Dlg";
+    std::copy(face, face + std::size(face), reinterpret_cast<wchar_t*>(tail + 4));
+    return words;
+}
+
+HWND OpenBare(const std::vector<WORD>& frame, const std::vector<Child>& children, HWND parent) {
+    HWND dialog = CreateDialogIndirectParamW(
+        GetModuleHandleW(nullptr), reinterpret_cast<const DLGTEMPLATE*>(frame.data()), parent, BareProc, 0);
+    const auto font = static_cast<WPARAM>(SendMessageW(dialog, WM_GETFONT, 0, 0));
+    for (const Child& c : children) {
+        HWND child = CreateWindowExW(c.exStyle, c.windowClass.c_str(), c.text.c_str(), c.style, c.rect.left,
+                                     c.rect.top, c.rect.right - c.rect.left, c.rect.bottom - c.rect.top,
+                                     dialog, reinterpret_cast<HMENU>(static_cast<INT_PTR>(c.id)),
+                                     GetModuleHandleW(nullptr), nullptr);
+        SendMessageW(child, WM_SETFONT, font, FALSE);
+    }
+    return dialog;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::vector<int> types{65536 + 15, 65536 + 25, 65536 + 48}; // FM6126EX, FM6127EX, FM6129Ex
+    const int rounds = argc > 1 ? std::max(5, std::atoi(argv[1])) : 200;
+    if (argc > 2) {
+        types.clear();
+        for (int i = 2; i < argc; ++i)
+            types.push_back(std::atoi(argv[i]));
+    }
+
+    wchar_t path[MAX_PATH];
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    std::wstring folder(path);
+    folder.resize(folder.find_last_of(L'\\') + 1);
+    HMODULE module = LoadLibraryW((folder + L"regvane.dll").c_str());
+    if (!module) {
+        std::printf("regvane.dll did not load\n");
+        return 1;
+    }
+    auto init =
+        reinterpret_cast<InitRegvaneFn>(reinterpret_cast<void*>(GetProcAddress(module, "InitRegvane")));
+    auto language = reinterpret_cast<RegvaneLanguageChangedFn>(
+        reinterpret_cast<void*>(GetProcAddress(module, "RegvaneLanguageChanged")));
+    auto create = reinterpret_cast<CreateRegvaneHwndFn>(
+        reinterpret_cast<void*>(GetProcAddress(module, "CreateRegvaneHwnd")));
+    static SimulatedHostCallback callback;
+    init(&callback);
+    language();
+
+    HWND host = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW, 0, 0, 900, 600, nullptr, nullptr,
+                                GetModuleHandleW(nullptr), nullptr);
+    std::printf("%-10s %8s %10s %10s %7s\n", "page", "controls", "first ms", "page ms", "ratio");
+    double worst = 0;
+    for (const int type : types) {
+        SimulatedChip chip(static_cast<std::uint16_t>(type), 0);
+        const double firstStart = Now();
+        HWND first = create(type, &chip, L"", host);
+        const double firstOpen = Now() - firstStart;
+        const std::vector<Child> children = ChildrenOf(first);
+        const std::vector<WORD> frame = BareTemplate(first);
+        DestroyWindow(first);
+
+        std::vector<double> described, bare;
+        for (int round = 0; round < rounds; ++round) {
+            double start = Now();
+            DestroyWindow(create(type, &chip, L"", host));
+            described.push_back(Now() - start);
+            start = Now();
+            DestroyWindow(OpenBare(frame, children, host));
+            bare.push_back(Now() - start);
+        }
+        const double ratio = Median(described) / Median(bare);
+        worst = std::max(worst, ratio);
+        std::printf("%-10d %8zu %10.3f %10.3f %7.2f\n", type, children.size(), firstOpen * 1000,
+                    Median(described) * 1000, ratio);
+    }
+    std::printf("worst ratio %.2f (target at most 1.30), medians of %d openings and closings each\n", worst,
+                rounds);
+    DestroyWindow(host);
+    return 0;
+}

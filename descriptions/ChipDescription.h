@@ -1,0 +1,199 @@
+// A chip page as data: the fields of a chip's registers, where each one lives in the host's records,
+// how the chip codes it, and which control edits it. One description per page class; the described
+// page renders it and runs the chip-page cycle (read the record, patch the field into every colour
+// copy, write it back, change test) for every field.
+//
+// The text format is documented for chip engineers in docs/chip-descriptions.md. This is the portable
+// half: the model, the parser (which refuses a bad file with its line and reason) and the field
+// coding. No Win32 here.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace chipdesc {
+
+// Where a field lives. The first five are the host's register records, read and written whole; the
+// last is a value the host reports and the page only shows.
+enum class Source : std::uint8_t { Block, RecordA, RecordB, Large, Record20, SliderValue };
+inline constexpr std::size_t kSourceCount = 6;
+
+std::string_view SourceName(Source source);
+// Bytes of a record (0 for a host value, which has no bytes).
+std::size_t SourceBytes(Source source);
+inline bool IsHostValue(Source source) {
+    return source == Source::SliderValue;
+}
+
+// Bits [lsb, lsb + width) of one byte.
+struct BitCopy {
+    std::uint16_t byte = 0;
+    std::uint8_t lsb = 0;
+};
+// One run of a field's value: read from its first copy, written into every copy (a chip that keeps a
+// bit in several places reads whichever its output group needs, so all copies must agree).
+struct BitRun {
+    std::uint8_t width = 0;
+    std::vector<BitCopy> copies;
+};
+// A field's bits in one colour copy: its runs, most significant first.
+struct Position {
+    std::vector<BitRun> runs;
+};
+
+enum class Colours : std::uint8_t {
+    None,     // one value at one position
+    Equal,    // one control; the value goes into every colour copy
+    Separate, // a control per colour, each writing its own copy
+    Linked,   // a control per colour; every change writes all three, and with the page's link switch on
+              // the moved control's value goes to all three
+};
+inline constexpr int kColourCount = 3;
+
+enum class Coding : std::uint8_t {
+    Plain,  // shown = stored
+    Invert, // shown = NOT stored
+    Xor,    // shown = stored XOR argument
+    Offset, // shown = stored + argument
+    Set,    // the argument's bits are always written 1 and never shown
+};
+
+enum class Control : std::uint8_t { None, Slider, Check, Combo, Number, Hex };
+
+struct Item {
+    std::string text;
+    bool literal = false; // shown as written, not translated
+};
+
+struct Field {
+    std::string name;
+    int line = 0; // of its section header
+    Item label;
+    int labelId = 0;
+    Source source = Source::Block;
+    Colours colours = Colours::None;
+    // One position for None and Equal-with-one-copy pages; kColourCount for the colour modes.
+    std::vector<Position> positions;
+    Coding coding = Coding::Plain;
+    int codingArgument = 0;
+    int minimum = 0;
+    int maximum = 0;
+    bool cutToWidth = false;
+    std::optional<int> defaultValue;
+    Control control = Control::None;
+    std::vector<Item> items;
+    double step = 1;
+    Item unit;
+    std::string readout;
+    std::vector<int> ids;
+    std::vector<int> readoutIds;
+    Item group;      // consecutive fields of one group share a box titled with it
+    int showIf = -1; // index of the field whose non-zero value shows this one
+
+    int Width() const;
+    // Controls this field has on the page: one per colour for Separate and Linked, else one.
+    int ControlCount() const {
+        return colours == Colours::Separate || colours == Colours::Linked ? kColourCount : 1;
+    }
+    bool Editable() const { return control != Control::None && !IsHostValue(source); }
+};
+
+enum class Title : std::uint8_t {
+    Caption, // the host's caption when it gives one, else the template's
+    Model,   // the chip model the host reports, a space, then the translated title string
+};
+enum class Notice : std::uint8_t {
+    Always, // MarkModified when the chip differs from the snapshot, then UpdateHostState(1, 1) always
+    Either, // MarkModified when it differs, otherwise UpdateHostState(1, 1)
+};
+
+struct Page {
+    std::string className;
+    Title title = Title::Caption;
+    std::string titleString;
+    std::array<std::string, kColourCount> colourLabels{"IDS_Red", "IDS_Green", "IDS_Blue"};
+    int stride = 2;
+    std::string link; // label of the link switch; empty: the page has none
+    int linkId = 0;
+    // By default the block, the 20-byte record and every other record a field lives in.
+    std::vector<Source> changeTest{Source::Block, Source::Record20};
+    Notice notice = Notice::Always;
+    std::vector<Source> carry; // records handed back unchanged with every write
+    bool refreshAfterChange = false;
+    bool defaultButton = false;
+    bool okCancel = false;
+};
+
+struct Description {
+    Page page;
+    std::vector<Field> fields;
+
+    // The records the fields read (not host values), in Source order.
+    std::vector<Source> RecordsInUse() const;
+    int FieldIndex(std::string_view name) const;
+};
+
+enum class ErrorCode : std::uint8_t {
+    TooLarge,
+    NotText,
+    LineTooLong,
+    Syntax,
+    UnknownSection,
+    UnknownKey,
+    DuplicateKey,
+    MissingKey,
+    BadValue,
+    BadBits,
+    OutsideRecord,
+    Overlap,
+    ItemsDoNotFit,
+    RangeDoesNotFit,
+    UnknownStringId,
+    UnknownField,
+    DuplicateName,
+    DuplicateId,
+    NoFields,
+};
+inline constexpr std::size_t kErrorCodeCount = 19;
+
+struct ParseError {
+    int line = 0;
+    ErrorCode code = ErrorCode::Syntax;
+    std::string detail; // the offending word, key or value
+    // English, for the command line and logs: "unknown key 'colour'".
+    std::string Reason() const;
+};
+
+// The language files know a string id; the parser refuses a description that names one they do not.
+using KnownStringId = std::function<bool(std::string_view id)>;
+
+inline constexpr std::size_t kMaxDescriptionBytes = 64 * 1024;
+inline constexpr std::size_t kMaxLineChars = 1000;
+
+using ParseResult = std::variant<Description, ParseError>;
+ParseResult Parse(std::string_view text, const KnownStringId& known);
+
+// ---- the values of fields ---------------------------------------------------------------------
+
+// The stored bits of a field's value, runs concatenated most significant first.
+int ReadStored(const Position& position, std::span<const std::uint8_t> record);
+void WriteStored(const Position& position, std::span<std::uint8_t> record, int stored);
+
+int Decode(const Field& field, int stored);
+int Encode(const Field& field, int shown);
+// The values a field can show, lowest and highest, before any range of its own.
+std::pair<int, int> CodableRange(const Field& field);
+
+// Colour 0 stands for the field when it has one position.
+int ReadValue(const Field& field, std::span<const std::uint8_t> record, int colour);
+void WriteValue(const Field& field, std::span<std::uint8_t> record, int colour, int value);
+
+} // namespace chipdesc

@@ -1,0 +1,60 @@
+#include "descriptions/DescriptionReadouts.h"
+
+#include "dialogs/chips/fm612x/Fm612xReadouts.h"
+#include "dialogs/common/Readouts.h"
+
+#include <array>
+
+namespace chipdesc {
+
+namespace {
+
+struct NamedReadout {
+    std::string_view name;
+    std::wstring (*format)(int value);
+};
+
+constexpr std::array<NamedReadout, 7> kReadouts{{
+    {"value", [](int value) { return std::to_wstring(value); }},
+    // Chips that count their steps from 1 while the register counts from 0.
+    {"step-from-one", fm612x::FormatFm6126ExGain},
+    // 6-bit gain code of the MBI5153 family, two ranges.
+    {"gain-percent", FormatGainPercent},
+    // FM6126 / FM6127 6-bit gain: (G + 1) / 64.
+    {"gain6-percent", fm612x::FormatGain6Percent},
+    // FM6128 7-bit gain: 0.78 % a step.
+    {"gain7-percent", fm612x::FormatFm6128Gain},
+    // FM6129 6-bit gain: 1.56 % up to 100 %.
+    {"fm6129-percent", fm612x::FormatFm6129Percent},
+    // FM6128Ex line blanking: (step + 1) x 40 ns.
+    {"blanking-ns",
+     [](int value) { return fm612x::FormatNanoseconds(fm612x::Fm6128ExBlankingNanoseconds(value)); }},
+}};
+
+const NamedReadout* Find(std::string_view name) {
+    for (const NamedReadout& readout : kReadouts)
+        if (readout.name == name)
+            return &readout;
+    return nullptr;
+}
+
+} // namespace
+
+std::optional<std::wstring> FormatReadout(std::string_view name, int value) {
+    if (const NamedReadout* readout = Find(name))
+        return readout->format(value);
+    return std::nullopt;
+}
+
+bool IsReadout(std::string_view name) {
+    return Find(name) != nullptr;
+}
+
+std::vector<std::string_view> ReadoutNames() {
+    std::vector<std::string_view> names;
+    for (const NamedReadout& readout : kReadouts)
+        names.push_back(readout.name);
+    return names;
+}
+
+} // namespace chipdesc

@@ -1,0 +1,513 @@
+#include "dialogs/described/DescribedPage.h"
+
+#include "descriptions/DescriptionLayout.h"
+#include "descriptions/DescriptionReadouts.h"
+#include "dialogs/chips/ChipRegModifyModel.h"
+#include "framework/ModuleInstance.h"
+#include "framework/NumberEdit.h"
+#include "framework/TextEncoding.h"
+#include "framework/UIEx.h"
+#include "module/ModuleState.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <map>
+
+using namespace chipdesc;
+
+namespace {
+
+std::wstring TranslateId(std::string_view id) {
+    return Tr(Utf8ToWide(id));
+}
+
+struct WindowKind {
+    const wchar_t* windowClass;
+    DWORD style;
+    DWORD exStyle = 0;
+};
+
+WindowKind KindOf(Role role, Control control) {
+    switch (role) {
+    case Role::GroupBox:
+        return {L"BUTTON", BS_GROUPBOX};
+    case Role::LinkSwitch:
+        return {L"BUTTON", BS_AUTOCHECKBOX | WS_TABSTOP};
+    case Role::DefaultButton:
+    case Role::OkButton:
+    case Role::CancelButton:
+        return {L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP};
+    case Role::Control:
+        break;
+    default:
+        return {L"STATIC", SS_LEFT | SS_NOPREFIX};
+    }
+    switch (control) {
+    case Control::Slider:
+        return {TRACKBAR_CLASSW, TBS_HORZ | TBS_BOTTOM | TBS_NOTICKS | WS_TABSTOP};
+    case Control::Check:
+        return {L"BUTTON", BS_AUTOCHECKBOX | WS_TABSTOP};
+    case Control::Combo:
+        return {WC_COMBOBOXW, CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP};
+    default:
+        return {L"EDIT", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE};
+    }
+}
+
+} // namespace
+
+CDescribedPage::CDescribedPage(std::shared_ptr<const chipdesc::Description> description, IRegvane* chip,
+                               const wchar_t* caption, HWND parent)
+    : CChipDialog(CDescribedPage::kFallbackFrameTemplate, chip, parent,
+                  description->page.title == Title::Caption ? caption : nullptr, SnapshotScope::Nothing),
+      m_description(std::move(description)) {
+    for (const Source source : m_description->page.changeTest) {
+        const auto index = static_cast<std::size_t>(source);
+        if (IsHostValue(source))
+            m_snapshotHostValue[index] = ReadHostValue(source);
+        else
+            m_snapshot[index] = ReadSource(source);
+    }
+}
+
+CDescribedPage::~CDescribedPage() = default;
+
+BOOL CDescribedPage::Create(UINT templateId, HWND parent) {
+    return CreateFrame(templateId, parent) || CreateFrame(kFallbackFrameTemplate, parent);
+}
+
+CDescribedPage::Bytes CDescribedPage::ReadSource(Source source) const {
+    Bytes bytes{};
+    if (IRegvane* chip = Chip()) {
+        switch (source) {
+        case Source::Block:
+            chip->GetRegData(bytes.data());
+            break;
+        case Source::RecordA:
+            chip->GetRegDataEx(bytes.data());
+            break;
+        case Source::RecordB:
+            chip->GetRegData3(bytes.data());
+            break;
+        case Source::Large:
+            chip->GetRegData2(bytes.data());
+            break;
+        case Source::Record20:
+            chip->GetRegData4(bytes.data());
+            break;
+        case Source::SliderValue:
+            break;
+        }
+    }
+    return bytes;
+}
+
+void CDescribedPage::WriteSource(Source source, Bytes& bytes) const {
+    IRegvane* chip = Chip();
+    if (!chip)
+        return;
+    switch (source) {
+    case Source::Block:
+        chip->SetRegData(bytes.data());
+        break;
+    case Source::RecordA:
+        chip->SetRegDataEx(bytes.data());
+        break;
+    case Source::RecordB:
+        chip->SetRegData3(bytes.data());
+        break;
+    case Source::Large:
+        chip->SetRegData2(bytes.data());
+        break;
+    case Source::Record20:
+        chip->SetRegData4(bytes.data(), 0, 0, 0);
+        break;
+    case Source::SliderValue:
+        break;
+    }
+}
+
+int CDescribedPage::ReadHostValue(Source source) const {
+    IRegvane* chip = Chip();
+    if (!chip || source != Source::SliderValue)
+        return 0;
+    return chip->GetSliderValue();
+}
+
+bool CDescribedPage::ChipDiffersFromSnapshot() {
+    // Everything the change test names is read, whatever differs first: the host sees the same calls
+    // whatever changed.
+    bool differs = false;
+    for (const Source source : m_description->page.changeTest) {
+        const auto index = static_cast<std::size_t>(source);
+        if (IsHostValue(source)) {
+            differs = ReadHostValue(source) != m_snapshotHostValue[index] || differs;
+        } else {
+            const Bytes now = ReadSource(source);
+            differs = !std::equal(now.begin(), now.begin() + static_cast<std::ptrdiff_t>(SourceBytes(source)),
+                                  m_snapshot[index].begin()) ||
+                      differs;
+        }
+    }
+    return differs;
+}
+
+void CDescribedPage::RestoreSnapshot() {
+    for (const Source source : m_description->page.changeTest) {
+        if (IsHostValue(source))
+            continue;
+        Bytes bytes = m_snapshot[static_cast<std::size_t>(source)];
+        WriteSource(source, bytes);
+    }
+}
+
+int CDescribedPage::ReportChange() {
+    IRegvane* chip = Chip();
+    if (!chip)
+        return 0;
+    const bool changed = ChipDiffersFromSnapshot();
+    if (changed)
+        chip->MarkModified();
+    if (changed && m_description->page.notice == Notice::Either)
+        return 0;
+    return chip->UpdateHostState(1, 1);
+}
+
+int& CDescribedPage::LinkSwitch() const {
+    // Module-wide per page class: a reopened page keeps the operator's choice.
+    static std::map<std::string, int, std::less<>> switches;
+    return switches[m_description->page.className];
+}
+
+void CDescribedPage::OnInitControls() {
+    const Page& page = m_description->page;
+    if (page.title == Title::Model) {
+        SetWindowText(ChipModelName(Chip()) + L" " + TranslateId(page.titleString));
+    }
+    CreateControls();
+    for (ControlSlot& slot : m_slots) {
+        const Field& field = FieldOf(slot);
+        if (IsHostValue(field.source)) {
+            // The host's value is shown, never edited; it is read when the page opens.
+            const int value = std::clamp(ReadHostValue(field.source), field.minimum, field.maximum);
+            ShowValue(slot, value);
+            UpdateReadout(slot, value);
+            ::EnableWindow(slot.window, FALSE);
+        }
+    }
+}
+
+// The layout of a description in the language and the font in use. Measuring every text is most of
+// what laying out costs, so a plan is made once and reused by every page of the class until the
+// language or the font changes.
+const LayoutPlan& CDescribedPage::Plan(HFONT font) const {
+    struct Key {
+        const chipdesc::Description* description;
+        std::wstring language;
+        int baseX, baseY;
+        auto operator<=>(const Key&) const = default;
+    };
+    static std::map<Key, std::pair<std::shared_ptr<const chipdesc::Description>, LayoutPlan>> plans;
+    RECT units{0, 0, 4, 8};
+    ::MapDialogRect(m_hWnd, &units);
+    Key key{m_description.get(), Translator().PrimaryPath() + L"|" + Translator().FallbackPath(), units.right,
+            units.bottom};
+    if (const auto found = plans.find(key); found != plans.end())
+        return found->second.second;
+    // Descriptions replaced in the folder leave their plans behind; a host never needs many.
+    if (plans.size() >= 64)
+        plans.clear();
+    HDC dc = ::GetDC(m_hWnd);
+    const HGDIOBJ oldFont = ::SelectObject(dc, font);
+    LayoutTexts texts;
+    texts.translate = TranslateId;
+    texts.measure = [dc](std::wstring_view text) {
+        SIZE size{};
+        ::GetTextExtentPoint32W(dc, text.data(), static_cast<int>(text.size()), &size);
+        return static_cast<int>(size.cx);
+    };
+    LayoutPlan plan = PlanLayout(*m_description, texts, {units.right, units.bottom});
+    ::SelectObject(dc, oldFont);
+    ::ReleaseDC(m_hWnd, dc);
+    return plans.emplace(std::move(key), std::make_pair(m_description, std::move(plan))).first->second.second;
+}
+
+void CDescribedPage::CreateControls() {
+    const HFONT font = reinterpret_cast<HFONT>(SendMessage(WM_GETFONT));
+    const LayoutPlan& plan = Plan(font);
+    LayoutTexts texts;
+    texts.translate = TranslateId;
+
+    const std::vector<Field>& fields = m_description->fields;
+    m_fieldWindows.assign(fields.size(), {});
+    for (const PlannedWindow& planned : plan.windows) {
+        const Control control =
+            planned.field >= 0 ? fields[static_cast<std::size_t>(planned.field)].control : Control::None;
+        const WindowKind kind = KindOf(planned.role, control);
+        // As the dialog manager makes a template's controls: they do not notify the page of their
+        // creation and destruction.
+        HWND window = ::CreateWindowExW(
+            kind.exStyle | WS_EX_NOPARENTNOTIFY, kind.windowClass, planned.text.c_str(),
+            WS_CHILD | WS_VISIBLE | kind.style, planned.rect.left, planned.rect.top, planned.rect.Width(),
+            planned.rect.Height(), m_hWnd, reinterpret_cast<HMENU>(static_cast<INT_PTR>(planned.id)),
+            ResourceInstance(), nullptr);
+        ::SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+        if (planned.field >= 0)
+            m_fieldWindows[static_cast<std::size_t>(planned.field)].push_back(window);
+        if (planned.role == Role::LinkSwitch)
+            m_linkId = planned.id;
+        if (planned.role == Role::Readout) {
+            for (ControlSlot& slot : m_slots)
+                if (slot.field == planned.field && slot.colour == planned.colour)
+                    slot.readout = window;
+            continue;
+        }
+        if (planned.role != Role::Control)
+            continue;
+        ControlSlot slot{planned.field, planned.colour, planned.id, window, nullptr, nullptr, {}};
+        const Field& field = fields[static_cast<std::size_t>(planned.field)];
+        switch (field.control) {
+        case Control::Slider:
+            ::SendMessageW(window, TBM_SETRANGEMIN, FALSE, field.minimum);
+            ::SendMessageW(window, TBM_SETRANGEMAX, TRUE, field.maximum);
+            break;
+        case Control::Combo:
+            for (const Item& item : field.items) {
+                const std::wstring text = ItemText(item, texts);
+                ::SendMessageW(window, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+            }
+            break;
+        case Control::Number:
+            // Set up before it takes the window, so the edit shows its text once.
+            slot.edit = std::make_unique<CNumberEdit>();
+            slot.edit->SetRange(field.minimum, field.maximum);
+            slot.edit->SetStep(field.step);
+            if (!field.unit.text.empty())
+                slot.edit->SetUnit(ItemText(field.unit, texts));
+            slot.edit->EnableSpin(true);
+            slot.edit->SubclassWindow(window);
+            break;
+        default:
+            break;
+        }
+        m_slots.push_back(std::move(slot));
+    }
+    ::SetWindowPos(m_hWnd, nullptr, 0, 0, plan.width, plan.height,
+                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void CDescribedPage::ShowValue(ControlSlot& slot, int value) {
+    switch (FieldOf(slot).control) {
+    case Control::Slider:
+        ::SendMessageW(slot.window, TBM_SETPOS, TRUE, value);
+        break;
+    case Control::Check:
+        ::SendMessageW(slot.window, BM_SETCHECK, value ? BST_CHECKED : BST_UNCHECKED, 0);
+        break;
+    case Control::Combo:
+        ::SendMessageW(slot.window, CB_SETCURSEL, static_cast<WPARAM>(value), 0);
+        break;
+    case Control::Number:
+        slot.edit->SetValue(value);
+        break;
+    case Control::Hex:
+        slot.shownText = FormatRawByte(static_cast<std::uint8_t>(value));
+        ::SetWindowTextW(slot.window, slot.shownText.c_str());
+        break;
+    case Control::None:
+        break;
+    }
+}
+
+int CDescribedPage::ControlValue(const ControlSlot& slot) const {
+    switch (FieldOf(slot).control) {
+    case Control::Slider:
+        return static_cast<int>(::SendMessageW(slot.window, TBM_GETPOS, 0, 0));
+    case Control::Check:
+        return ::SendMessageW(slot.window, BM_GETCHECK, 0, 0) == BST_CHECKED ? 1 : 0;
+    case Control::Combo:
+        return static_cast<int>(::SendMessageW(slot.window, CB_GETCURSEL, 0, 0));
+    case Control::Number:
+        return slot.edit->GetValueInt();
+    default:
+        break;
+    }
+    return 0;
+}
+
+void CDescribedPage::UpdateReadout(const ControlSlot& slot, int value) const {
+    if (!slot.readout)
+        return;
+    if (const auto text = FormatReadout(FieldOf(slot).readout, value))
+        ::SetWindowTextW(slot.readout, text->c_str());
+}
+
+void CDescribedPage::RefreshFromChip() {
+    const std::vector<Field>& fields = m_description->fields;
+    std::array<Bytes, kSourceCount> records{};
+    for (const Source source : m_description->RecordsInUse())
+        records[static_cast<std::size_t>(source)] = ReadSource(source);
+    for (ControlSlot& slot : m_slots) {
+        const Field& field = FieldOf(slot);
+        if (IsHostValue(field.source))
+            continue;
+        const int value = ReadValue(field, records[static_cast<std::size_t>(field.source)], slot.colour);
+        ShowValue(slot, value);
+        UpdateReadout(slot, value);
+    }
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const int condition = fields[i].showIf;
+        if (condition < 0)
+            continue;
+        const Field& state = fields[static_cast<std::size_t>(condition)];
+        const bool shown = ReadValue(state, records[static_cast<std::size_t>(state.source)], 0) != 0;
+        for (HWND window : m_fieldWindows[i])
+            ::ShowWindow(window, shown ? SW_SHOW : SW_HIDE);
+    }
+    if (m_linkId)
+        CheckButton(m_linkId, LinkSwitch() != 0);
+}
+
+CDescribedPage::ControlSlot* CDescribedPage::SlotWithId(UINT id) {
+    for (ControlSlot& slot : m_slots)
+        if (slot.id == static_cast<int>(id))
+            return &slot;
+    return nullptr;
+}
+
+CDescribedPage::ControlSlot* CDescribedPage::SlotWithWindow(HWND window) {
+    for (ControlSlot& slot : m_slots)
+        if (window && slot.window == window)
+            return &slot;
+    return nullptr;
+}
+
+void CDescribedPage::ChangeField(int fieldIndex, const std::array<int, kColourCount>& values,
+                                 const std::array<bool, kColourCount>& touched) {
+    const Field& field = m_description->fields[static_cast<std::size_t>(fieldIndex)];
+    const Page& page = m_description->page;
+    Bytes record = ReadSource(field.source);
+    // Records the chip wants handed back with every write, unchanged.
+    std::vector<std::pair<Source, Bytes>> carried;
+    for (const Source source : page.carry)
+        if (source != field.source)
+            carried.emplace_back(source, ReadSource(source));
+    const auto copies = static_cast<int>(field.positions.size());
+    for (int copy = 0; copy < copies; ++copy) {
+        const int colour = field.colours == Colours::Equal || field.colours == Colours::None ? 0 : copy;
+        if (touched[static_cast<std::size_t>(colour)])
+            WriteValue(field, record, copy, values[static_cast<std::size_t>(colour)]);
+    }
+    WriteSource(field.source, record);
+    for (auto& [source, bytes] : carried)
+        WriteSource(source, bytes);
+    if (page.refreshAfterChange) {
+        RefreshFromChip();
+    } else {
+        for (const ControlSlot& slot : m_slots)
+            if (slot.field == fieldIndex)
+                UpdateReadout(slot, ControlValue(slot));
+    }
+    ReportChange();
+}
+
+void CDescribedPage::OnControlChanged(ControlSlot& slot) {
+    const Field& field = FieldOf(slot);
+    if (!CanWrite() || !field.Editable())
+        return;
+    std::array<int, kColourCount> values{};
+    std::array<bool, kColourCount> touched{};
+    const int value = ControlValue(slot);
+    if (field.colours == Colours::Linked) {
+        // Every change writes the three colours; linked, the moved control sets the other two.
+        const bool linked = LinkSwitch() != 0;
+        for (ControlSlot& other : m_slots) {
+            if (other.field != slot.field)
+                continue;
+            if (linked && &other != &slot)
+                ShowValue(other, value);
+            values[static_cast<std::size_t>(other.colour)] = linked ? value : ControlValue(other);
+            touched[static_cast<std::size_t>(other.colour)] = true;
+        }
+    } else {
+        values[static_cast<std::size_t>(slot.colour)] = value;
+        touched[static_cast<std::size_t>(slot.colour)] = true;
+    }
+    ChangeField(slot.field, values, touched);
+}
+
+void CDescribedPage::OnHexEdited(ControlSlot& slot) {
+    // Focus may move while the page is being built; nothing the operator typed is pending then.
+    if (!CanWrite())
+        return;
+    const std::wstring typed = CWnd(slot.window).GetWindowText();
+    const std::optional<std::uint8_t> value = ParseRawByte(typed);
+    if (!value) {
+        MsgBox(m_hWnd, Tr(L"IDS_INPUT_TIP"), ApplicationName(), MB_OK | MB_ICONINFORMATION);
+        ::SetWindowTextW(slot.window, slot.shownText.c_str());
+        return;
+    }
+    ShowValue(slot, *value);
+    std::array<int, kColourCount> values{};
+    std::array<bool, kColourCount> touched{};
+    values[static_cast<std::size_t>(slot.colour)] = *value;
+    touched[static_cast<std::size_t>(slot.colour)] = true;
+    ChangeField(slot.field, values, touched);
+}
+
+void CDescribedPage::WriteDefaults() {
+    if (!CanWrite())
+        return;
+    const std::vector<Field>& fields = m_description->fields;
+    for (const Source source : m_description->RecordsInUse()) {
+        if (std::none_of(fields.begin(), fields.end(),
+                         [&](const Field& f) { return f.source == source && f.defaultValue; }))
+            continue;
+        Bytes record = ReadSource(source);
+        for (const Field& field : fields)
+            if (field.source == source && field.defaultValue)
+                for (int copy = 0; copy < static_cast<int>(field.positions.size()); ++copy)
+                    WriteValue(field, record, copy, *field.defaultValue);
+        WriteSource(source, record);
+    }
+    RefreshFromChip();
+    ReportChange();
+}
+
+bool CDescribedPage::OnHScroll(UINT code, UINT position, HWND scrollBar) {
+    ControlSlot* slot = SlotWithWindow(scrollBar);
+    if (!slot || FieldOf(*slot).control != Control::Slider)
+        return false;
+    OnControlChanged(*slot);
+    return true;
+}
+
+void CDescribedPage::OnNumberEditChanged(UINT id, HWND edit) {
+    if (ControlSlot* slot = SlotWithId(id); slot && FieldOf(*slot).control == Control::Number)
+        OnControlChanged(*slot);
+}
+
+bool CDescribedPage::OnCommand(UINT code, UINT id, HWND control) {
+    if (code == BN_CLICKED && m_linkId && id == static_cast<UINT>(m_linkId)) {
+        LinkSwitch() = IsButtonChecked(m_linkId) ? 1 : 0;
+        return true;
+    }
+    if (code == BN_CLICKED && id == kDefaultButtonId && m_description->page.defaultButton) {
+        WriteDefaults();
+        return true;
+    }
+    if (ControlSlot* slot = SlotWithId(id)) {
+        const Control kind = FieldOf(*slot).control;
+        if ((kind == Control::Combo && code == CBN_SELCHANGE) ||
+            (kind == Control::Check && code == BN_CLICKED)) {
+            OnControlChanged(*slot);
+            return true;
+        }
+        if (kind == Control::Hex && code == EN_KILLFOCUS) {
+            OnHexEdited(*slot);
+            return true;
+        }
+    }
+    return CChipDialog::OnCommand(code, id, control);
+}

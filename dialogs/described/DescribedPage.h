@@ -1,0 +1,87 @@
+// The page a chip description renders. It is a chip page like the hand-written ones: it snapshots the
+// records its description's change test names when it is constructed, translates and titles itself,
+// and every change of a control runs one cycle: read the field's record (and the records the chip
+// wants handed back with it), patch the field into every colour copy it has, write back, change test.
+// Its controls are laid out from the description inside the page class's template frame.
+#pragma once
+
+#include "descriptions/ChipDescription.h"
+#include "descriptions/DescriptionLayout.h"
+#include "dialogs/common/ChipDialog.h"
+
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+class CNumberEdit;
+
+class CDescribedPage : public CChipDialog {
+public:
+    // The template is the page class's own; only its frame is used (style, size, caption, font).
+    CDescribedPage(std::shared_ptr<const chipdesc::Description> description, IRegvane* chip,
+                   const wchar_t* caption, HWND parent);
+    ~CDescribedPage() override;
+
+    BOOL Create(UINT templateId, HWND parent) override;
+    const char* DialogClassName() const override { return m_description->page.className.c_str(); }
+    const chipdesc::Description& Description() const { return *m_description; }
+
+    // The frame of pages whose class has no template of its own (a description of a class the chip
+    // table does not list, opened in the workbench's designer).
+    static constexpr UINT kFallbackFrameTemplate = 8224;
+
+protected:
+    void OnInitControls() override;
+    void RefreshFromChip() override;
+    bool OnCommand(UINT code, UINT id, HWND control) override;
+    bool OnHScroll(UINT code, UINT position, HWND scrollBar) override;
+    void OnNumberEditChanged(UINT id, HWND edit) override;
+    bool ChipDiffersFromSnapshot() override;
+    void RestoreSnapshot() override;
+
+private:
+    // Big enough for any of the host's records.
+    using Bytes = std::array<std::uint8_t, 128>;
+    struct ControlSlot {
+        int field;
+        int colour;
+        int id;
+        HWND window = nullptr;
+        HWND readout = nullptr;
+        std::unique_ptr<CNumberEdit> edit;
+        std::wstring shownText; // what a hex edit showed before the operator typed
+    };
+
+    const chipdesc::Field& FieldOf(const ControlSlot& slot) const {
+        return m_description->fields[static_cast<std::size_t>(slot.field)];
+    }
+    ControlSlot* SlotWithId(UINT id);
+    ControlSlot* SlotWithWindow(HWND window);
+
+    Bytes ReadSource(chipdesc::Source source) const;
+    void WriteSource(chipdesc::Source source, Bytes& bytes) const;
+    int ReadHostValue(chipdesc::Source source) const;
+
+    const chipdesc::LayoutPlan& Plan(HFONT font) const;
+    void CreateControls();
+    void ShowValue(ControlSlot& slot, int value);
+    int ControlValue(const ControlSlot& slot) const;
+    void UpdateReadout(const ControlSlot& slot, int value) const;
+
+    // The cycle of one change: values[colour] go into the colours the change touches.
+    void ChangeField(int field, const std::array<int, chipdesc::kColourCount>& values,
+                     const std::array<bool, chipdesc::kColourCount>& touched);
+    void OnControlChanged(ControlSlot& slot);
+    void OnHexEdited(ControlSlot& slot);
+    void WriteDefaults();
+    int ReportChange();
+    int& LinkSwitch() const;
+
+    std::shared_ptr<const chipdesc::Description> m_description;
+    std::vector<ControlSlot> m_slots;
+    std::vector<std::vector<HWND>> m_fieldWindows; // label, controls and read-outs of each field
+    std::array<Bytes, chipdesc::kSourceCount> m_snapshot{};
+    std::array<int, chipdesc::kSourceCount> m_snapshotHostValue{};
+    int m_linkId = 0;
+};

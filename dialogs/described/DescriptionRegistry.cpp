@@ -1,0 +1,145 @@
+#include "dialogs/described/DescriptionRegistry.h"
+
+#include "framework/ModuleInstance.h"
+#include "framework/TextEncoding.h"
+#include "framework/UIEx.h"
+#include "module/LanguageSelection.h"
+#include "module/ModuleState.h"
+
+#include <array>
+
+namespace {
+
+constexpr wchar_t kResourceType[] = L"CHIPDESC";
+constexpr wchar_t kExtension[] = L".desc";
+
+// The string id of each reason, in the order of chipdesc::ErrorCode.
+constexpr std::array<const wchar_t*, chipdesc::kErrorCodeCount> kReasonIds{
+    L"IDS_DescError_TooLarge",      L"IDS_DescError_NotText",         L"IDS_DescError_LineTooLong",
+    L"IDS_DescError_Syntax",        L"IDS_DescError_UnknownSection",  L"IDS_DescError_UnknownKey",
+    L"IDS_DescError_DuplicateKey",  L"IDS_DescError_MissingKey",      L"IDS_DescError_BadValue",
+    L"IDS_DescError_BadBits",       L"IDS_DescError_OutsideRecord",   L"IDS_DescError_Overlap",
+    L"IDS_DescError_ItemsDoNotFit", L"IDS_DescError_RangeDoesNotFit", L"IDS_DescError_UnknownStringId",
+    L"IDS_DescError_UnknownField",  L"IDS_DescError_DuplicateName",   L"IDS_DescError_DuplicateId",
+    L"IDS_DescError_NoFields",
+};
+
+std::wstring Replace(std::wstring text, std::wstring_view placeholder, std::wstring_view value) {
+    for (std::size_t at = text.find(placeholder); at != std::wstring::npos;
+         at = text.find(placeholder, at + value.size()))
+        text.replace(at, placeholder.size(), value);
+    return text;
+}
+
+bool KnownStringId(std::string_view id) {
+    return Translator().Lookup(CTranslate::kStringSection, Utf8ToWide(id)) != nullptr;
+}
+
+// At most one byte more than a description may have, so that the parser can say it is too large.
+bool ReadDescriptionFile(const std::wstring& path, std::string& text) {
+    HANDLE file = ::CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return false;
+    text.resize(chipdesc::kMaxDescriptionBytes + 1);
+    DWORD read = 0;
+    const BOOL ok = ::ReadFile(file, text.data(), static_cast<DWORD>(text.size()), &read, nullptr);
+    ::CloseHandle(file);
+    text.resize(ok ? read : 0);
+    return ok != FALSE;
+}
+
+std::wstring FileName(const std::wstring& path) {
+    const std::size_t slash = path.find_last_of(L"\\/");
+    return slash == std::wstring::npos ? path : path.substr(slash + 1);
+}
+
+} // namespace
+
+DescriptionRegistry& DescriptionRegistry::Module() {
+    static DescriptionRegistry registry;
+    return registry;
+}
+
+std::wstring DescriptionRegistry::Folder() {
+    return LanguageFilePath(HostExecutablePath(), L"Chips\\");
+}
+
+DescriptionLookup DescriptionRegistry::ParseText(std::string_view text, const std::wstring& file,
+                                                 std::string_view className) {
+    ++m_parses;
+    chipdesc::ParseResult result = chipdesc::Parse(text, KnownStringId);
+    if (auto* error = std::get_if<chipdesc::ParseError>(&result))
+        return {nullptr, DescriptionProblem{file, *error}};
+    auto description =
+        std::make_shared<const chipdesc::Description>(std::get<chipdesc::Description>(std::move(result)));
+    // A file in the folder speaks for the class its name gives, and for no other.
+    if (!className.empty() && description->page.className != className)
+        return {nullptr,
+                DescriptionProblem{file, {1, chipdesc::ErrorCode::BadValue, description->page.className}}};
+    return {std::move(description), std::nullopt};
+}
+
+DescriptionLookup DescriptionRegistry::Builtin(std::string_view className) {
+    if (const auto cached = m_builtin.find(className); cached != m_builtin.end())
+        return cached->second;
+    DescriptionLookup lookup;
+    const std::wstring name = Utf8ToWide(className);
+    HRSRC found = ::FindResourceW(ResourceInstance(), name.c_str(), kResourceType);
+    HGLOBAL loaded = found ? ::LoadResource(ResourceInstance(), found) : nullptr;
+    if (const void* bytes = loaded ? ::LockResource(loaded) : nullptr) {
+        const std::string_view text(static_cast<const char*>(bytes),
+                                    ::SizeofResource(ResourceInstance(), found));
+        lookup = ParseText(text, name + kExtension, className);
+    }
+    m_builtin.emplace(std::string(className), lookup);
+    return lookup;
+}
+
+DescriptionLookup DescriptionRegistry::Find(std::string_view className) {
+    const std::wstring path = Folder() + Utf8ToWide(className) + kExtension;
+    WIN32_FILE_ATTRIBUTE_DATA attributes{};
+    if (!::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &attributes) ||
+        (attributes.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)) {
+        m_files.erase(path);
+        return Builtin(className);
+    }
+    const FileVersion version{(std::uint64_t{attributes.ftLastWriteTime.dwHighDateTime} << 32) |
+                                  attributes.ftLastWriteTime.dwLowDateTime,
+                              (std::uint64_t{attributes.nFileSizeHigh} << 32) | attributes.nFileSizeLow};
+    auto cached = m_files.find(path);
+    if (cached != m_files.end() && cached->second.version == version)
+        return cached->second.lookup;
+    std::string text;
+    DescriptionLookup lookup =
+        ReadDescriptionFile(path, text) ? ParseText(text, path, className) : Builtin(className);
+    m_files[path] = CachedFile{version, lookup};
+    return lookup;
+}
+
+DescriptionLookup DescriptionRegistry::Load(const std::wstring& path) {
+    std::string text;
+    if (!ReadDescriptionFile(path, text))
+        return {nullptr, DescriptionProblem{path, {0, chipdesc::ErrorCode::NotText, ""}}};
+    return ParseText(text, path, {});
+}
+
+std::wstring DescriptionRegistry::ProblemText(const DescriptionProblem& problem) {
+    const chipdesc::ParseError& error = problem.error;
+    const std::wstring reason =
+        Replace(Tr(kReasonIds[static_cast<std::size_t>(error.code)]), L"{detail}", Utf8ToWide(error.detail));
+    std::wstring text = Tr(L"IDS_Description_Problem");
+    text = Replace(std::move(text), L"{file}", FileName(problem.file));
+    text = Replace(std::move(text), L"{line}", std::to_wstring(error.line));
+    return Replace(std::move(text), L"{reason}", reason);
+}
+
+void DescriptionRegistry::TellOnce(const DescriptionProblem& problem, HWND owner) {
+    // The same fault in the same file is told once; a file changed into another fault is told again.
+    std::wstring key = problem.file + L"|" + std::to_wstring(problem.error.line) + L"|" +
+                       std::to_wstring(static_cast<int>(problem.error.code)) + L"|" +
+                       Utf8ToWide(problem.error.detail);
+    if (!m_told.insert(std::move(key)).second)
+        return;
+    MsgBox(owner, ProblemText(problem), ApplicationName(), MB_OK | MB_ICONWARNING);
+}

@@ -1,0 +1,68 @@
+// Where a page class's description comes from. The descriptions we ship are resources of the module;
+// the host suite may install a folder of them beside the language files ("Language\Hw\Regvane\Chips\",
+// one "<class>.desc" per page class), whose files add pages or replace ours without a new module.
+//
+// Each file is parsed once for as long as it stays the same (its time and size): opening a page
+// again costs one look at the folder, not a parse. A description that cannot be used is reported to
+// the operator once, and its page stays the raw register editor.
+#pragma once
+
+#include "descriptions/ChipDescription.h"
+
+#include <windows.h>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+struct DescriptionProblem {
+    std::wstring file;
+    chipdesc::ParseError error;
+};
+
+struct DescriptionLookup {
+    std::shared_ptr<const chipdesc::Description> description; // null: none, or not usable
+    std::optional<DescriptionProblem> problem;
+};
+
+class DescriptionRegistry {
+public:
+    static DescriptionRegistry& Module();
+
+    // The description a page class opens with: the folder's file, else the module's own.
+    DescriptionLookup Find(std::string_view className);
+    // A file given by path, read now; for the workbench's designer.
+    DescriptionLookup Load(const std::wstring& path);
+
+    // "...\Language\Hw\Regvane\Chips\", beside the language files of the host's executable.
+    static std::wstring Folder();
+    // The operator's message for a problem: which file and line, and why (translated).
+    static std::wstring ProblemText(const DescriptionProblem& problem);
+    // Shows the problem once per file version; later calls for the same version do nothing.
+    void TellOnce(const DescriptionProblem& problem, HWND owner);
+
+    // How many times a description was parsed since the module loaded.
+    int ParseCount() const { return m_parses; }
+
+private:
+    struct FileVersion {
+        std::uint64_t time = 0;
+        std::uint64_t size = 0;
+        bool operator==(const FileVersion&) const = default;
+    };
+    struct CachedFile {
+        FileVersion version;
+        DescriptionLookup lookup;
+    };
+
+    DescriptionLookup ParseText(std::string_view text, const std::wstring& file, std::string_view className);
+    DescriptionLookup Builtin(std::string_view className);
+
+    std::map<std::wstring, CachedFile, std::less<>> m_files;
+    std::map<std::string, DescriptionLookup, std::less<>> m_builtin;
+    std::set<std::wstring> m_told;
+    int m_parses = 0;
+};

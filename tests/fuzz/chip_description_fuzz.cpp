@@ -1,0 +1,40 @@
+// Chip descriptions reach the module from a folder the host suite installs: any bytes at all must give
+// a description or a refusal with its line, never a crash. What parses is laid out and every field is
+// written and read on a record of the largest size, so the positions the parser accepted are in bounds.
+#include "descriptions/ChipDescription.h"
+#include "descriptions/DescriptionLayout.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <variant>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    chipdesc::ParseResult result =
+        chipdesc::Parse(text, [](std::string_view id) { return id.size() % 5 != 0; });
+    auto* description = std::get_if<chipdesc::Description>(&result);
+    if (!description) {
+        const auto& error = std::get<chipdesc::ParseError>(result);
+        if (error.line < 0 || error.Reason().empty())
+            __builtin_trap();
+        return 0;
+    }
+    chipdesc::LayoutTexts texts;
+    texts.measure = [](std::wstring_view shown) { return static_cast<int>(shown.size()) * 7; };
+    const chipdesc::LayoutPlan plan = chipdesc::PlanLayout(*description, texts, {});
+    if (plan.width < 0 || plan.height < 0)
+        __builtin_trap();
+    for (const chipdesc::Field& field : description->fields) {
+        std::array<std::uint8_t, 128> record{};
+        const std::size_t bytes = chipdesc::SourceBytes(field.source);
+        for (int colour = 0; colour < static_cast<int>(field.positions.size()); ++colour) {
+            chipdesc::WriteValue(field, std::span(record.data(), bytes), colour, field.maximum);
+            if (!field.cutToWidth &&
+                chipdesc::ReadValue(field, std::span(record.data(), bytes), colour) != field.maximum)
+                __builtin_trap();
+        }
+    }
+    return 0;
+}

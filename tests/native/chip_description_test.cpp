@@ -1,0 +1,343 @@
+// Chip descriptions: the parser refuses every kind of bad file with its line and reason, every coding
+// keeps every value, the descriptions we ship say what the reviewed FM612x register models say, and
+// the layout gives every text the room its language needs.
+#include "descriptions/ChipDescription.h"
+#include "descriptions/DescriptionLayout.h"
+#include "dialogs/chips/fm612x/Fm612xRegisters.h"
+#include "framework/LanguageFile.h"
+#include "framework/TextEncoding.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <random>
+#include <sstream>
+
+namespace {
+
+using namespace chipdesc;
+
+bool AnyId(std::string_view id) {
+    return id.rfind("IDS_", 0) == 0;
+}
+
+const char* const kGoodPage = R"([page]
+class = CRegvaneExampleChip
+link = IDS_Link
+
+[field gain]
+label = IDS_Gain
+bits = 2[5:0]
+colours = linked
+control = slider
+
+[field mode]
+label = IDS_Mode
+bits = 8[0]
+colours = separate
+control = combo
+items = IDS_A "B"
+)";
+
+ParseError ErrorOf(std::string_view text) {
+    ParseResult result = Parse(text, AnyId);
+    if (auto* error = std::get_if<ParseError>(&result))
+        return *error;
+    ADD_FAILURE() << "accepted:\n" << text;
+    return {};
+}
+
+TEST(ChipDescription, AGoodDescriptionReadsAsWritten) {
+    ParseResult result = Parse(kGoodPage, AnyId);
+    ASSERT_TRUE(std::holds_alternative<Description>(result)) << std::get<ParseError>(result).Reason();
+    const Description& d = std::get<Description>(result);
+    EXPECT_EQ(d.page.className, "CRegvaneExampleChip");
+    ASSERT_EQ(d.fields.size(), 2u);
+    const Field& mode = d.fields[1];
+    ASSERT_EQ(mode.positions.size(), 3u);
+    EXPECT_EQ(mode.positions[2].runs[0].copies[0].byte, 12); // blue two bytes after green
+    EXPECT_EQ(mode.maximum, 1);
+    EXPECT_TRUE(mode.items[1].literal);
+    EXPECT_EQ(d.fields[0].maximum, 63);
+}
+
+TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
+    const std::string good = kGoodPage;
+    auto replace = [&](const std::string& from, const std::string& to) {
+        std::string text = good;
+        text.replace(text.find(from), from.size(), to);
+        return text;
+    };
+    const struct {
+        std::string text;
+        int line;
+        ErrorCode code;
+    } cases[] = {
+        {replace("link = IDS_Link", "lnik = IDS_Link"), 3, ErrorCode::UnknownKey},
+        {replace("[field mode]", "[feild mode]"), 11, ErrorCode::UnknownSection},
+        {replace("control = combo", "control = combo\nlabel = IDS_Mode"), 16, ErrorCode::DuplicateKey},
+        {replace("bits = 8[0]", "bits = 2[5]"), 13, ErrorCode::Overlap},        // red's gain
+        {replace("bits = 8[0]", "bits = 14[0]"), 13, ErrorCode::OutsideRecord}, // blue's copy at 18 of 16
+        {replace("bits = 8[0]", "bits = 8[8:7]"), 13, ErrorCode::BadBits},
+        {replace("bits = 8[0]", "bits = 8[1:3]"), 13, ErrorCode::BadBits},
+        {replace("items = IDS_A \"B\"", "items = IDS_A \"B\" IDS_C"), 16, ErrorCode::ItemsDoNotFit},
+        {replace("items = IDS_A", "items = Mode_A"), 16, ErrorCode::UnknownStringId},
+        {replace("control = slider", "control = slider\nrange = 0..64"), 10, ErrorCode::RangeDoesNotFit},
+        {replace("control = slider", "control = slider\ndefault = 70"), 10, ErrorCode::RangeDoesNotFit},
+        {replace("control = slider", "control = knob"), 9, ErrorCode::BadValue},
+        {replace("link = IDS_Link\n", ""), 7, ErrorCode::MissingKey}, // linked gains need the switch
+        {replace("class = CRegvaneExampleChip\n", ""), 1, ErrorCode::MissingKey},
+        {replace("control = combo\n", ""), 11, ErrorCode::MissingKey},
+        {replace("[field mode]", "[field gain]"), 11, ErrorCode::DuplicateName},
+        {replace("control = slider", "control = slider\nids = 100 101"), 10, ErrorCode::BadValue},
+        {replace("control = slider", "control = slider\nids = 100 101 101"), 10, ErrorCode::DuplicateId},
+        {replace("control = combo", "control = combo\nshow-if = speed"), 16, ErrorCode::UnknownField},
+        {replace("colours = linked", "colours = linked # the three gains\nthis is prose"), 9,
+         ErrorCode::Syntax},
+        {"[page]\nclass = CRegvaneExampleChip\n", 2, ErrorCode::NoFields},
+        {std::string(kGoodPage) + "\nnote = \x01\x02", 18, ErrorCode::NotText},
+        {std::string(kGoodPage) + "\n# " + std::string(1200, 'x'), 18, ErrorCode::LineTooLong},
+        {std::string(kMaxDescriptionBytes + 1, '#'), 1, ErrorCode::TooLarge},
+    };
+    for (const auto& bad : cases) {
+        const ParseError error = ErrorOf(bad.text);
+        EXPECT_EQ(error.line, bad.line) << error.Reason() << "\n" << bad.text;
+        EXPECT_EQ(error.code, bad.code) << error.Reason() << "\n" << bad.text;
+    }
+}
+
+// A field of the given bits and coding, on its own page.
+Field FieldOf(const std::string& bits, const std::string& coding) {
+    const std::string text =
+        "[page]\nclass = CRegvaneExampleChip\n[field f]\nlabel = IDS_F\ncontrol = number\nbits = " + bits +
+        "\ncoding = " + coding + "\n";
+    ParseResult result = Parse(text, AnyId);
+    if (auto* error = std::get_if<ParseError>(&result)) {
+        ADD_FAILURE() << bits << " " << coding << ": " << error->Reason();
+        return {};
+    }
+    return std::get<Description>(result).fields[0];
+}
+
+TEST(ChipDescription, EveryCodingKeepsEveryValueAndNoOtherBit) {
+    std::mt19937 random(5153);
+    const struct {
+        std::string bits, coding;
+        int lowest, highest;
+    } fields[] = {
+        {"3[0]", "plain", 0, 1},
+        {"3[6:4]", "xor 2", 0, 7},
+        {"2[7:3]", "set 0x10", 0, 15},
+        {"3[6:4]", "offset 1", 1, 8},
+        {"5[7:0]", "invert", 0, 255},
+        {"2[2:0] 3[7] 3[3:2]", "xor 3", 0, 63},                    // the FM6126 gain
+        {"2[7] 8[2:1] 9[4]", "plain", 0, 15},                      // a value over three bytes
+        {"9[7:0] 8[7:0]", "plain", 0, 65535},                      // a 16-bit register, high byte first
+        {"7[5:0]=9[5:0]=11[5:0] 1[0]=1[1]=1[2]", "plain", 0, 127}, // kept three times over
+    };
+    for (const auto& spec : fields) {
+        SCOPED_TRACE(spec.bits + " " + spec.coding);
+        const Field field = FieldOf(spec.bits, spec.coding);
+        EXPECT_EQ(CodableRange(field), std::make_pair(spec.lowest, spec.highest));
+        for (int value = spec.lowest; value <= spec.highest; ++value) {
+            std::array<std::uint8_t, 16> block;
+            for (auto& byte : block)
+                byte = static_cast<std::uint8_t>(random());
+            const auto before = block;
+            WriteValue(field, block, 0, value);
+            ASSERT_EQ(ReadValue(field, block, 0), value);
+            for (const BitRun& run : field.positions[0].runs)
+                for (const BitCopy& copy : run.copies)
+                    ASSERT_EQ(ReadStored({{BitRun{run.width, {copy}}}}, block),
+                              ReadStored({{BitRun{run.width, {run.copies[0]}}}}, block))
+                        << "copies disagree";
+            // Bits no run names are as they were.
+            std::array<std::uint8_t, 16> fieldBits{};
+            for (const BitRun& run : field.positions[0].runs)
+                for (const BitCopy& copy : run.copies)
+                    fieldBits[copy.byte] |= static_cast<std::uint8_t>(((1 << run.width) - 1) << copy.lsb);
+            for (std::size_t i = 0; i < block.size(); ++i)
+                ASSERT_EQ(block[i] & ~fieldBits[i], before[i] & ~fieldBits[i]) << "byte " << i;
+        }
+    }
+    // A set bit is written whatever the value.
+    const Field forced = FieldOf("2[7:3]", "set 0x10");
+    std::array<std::uint8_t, 16> block{};
+    WriteValue(forced, block, 0, 0);
+    EXPECT_EQ(block[2], 0x80);
+}
+
+std::string ReadSourceFile(const std::string& relative) {
+    std::ifstream file(std::string(REGVANE_SOURCE_DIR) + "/" + relative, std::ios::binary);
+    std::stringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+// The English language file knows every string id a shipped description names.
+KnownStringId EnglishStringIds() {
+    auto english = std::make_shared<LanguageFile>();
+    english->Parse(DecodeText(ReadSourceFile("resources/lang/Multi_eng.ini")));
+    return [english](std::string_view id) { return english->Find(L"String", Utf8ToWide(id)) != nullptr; };
+}
+
+Description Shipped(const std::string& className) {
+    ParseResult result =
+        Parse(ReadSourceFile("descriptions/chips/" + className + ".desc"), EnglishStringIds());
+    if (auto* error = std::get_if<ParseError>(&result)) {
+        ADD_FAILURE() << className << " line " << error->line << ": " << error->Reason();
+        return {};
+    }
+    return std::get<Description>(result);
+}
+
+TEST(ChipDescription, EveryShippedDescriptionIsValidNamedForItsClassAndTranslated) {
+    const std::filesystem::path folder = std::filesystem::path(REGVANE_SOURCE_DIR) / "descriptions" / "chips";
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().extension() != ".desc")
+            continue;
+        ++count;
+        const Description description = Shipped(entry.path().stem().string());
+        EXPECT_EQ(description.page.className, entry.path().stem().string());
+        for (const Field& field : description.fields) {
+            EXPECT_FALSE(field.label.literal) << field.name << ": a shipped label is a string id";
+            EXPECT_FALSE(field.group.literal) << field.name << ": a shipped group title is a string id";
+        }
+    }
+    EXPECT_GE(count, 3);
+    // The documentation's worked example is a valid description too.
+    ParseResult example = Parse(ReadSourceFile("docs/examples/CRegvaneExampleChip.desc"), EnglishStringIds());
+    EXPECT_TRUE(std::holds_alternative<Description>(example)) << std::get<ParseError>(example).Reason();
+}
+
+// The shipped FM612x descriptions against the register models the hand-written pages were reviewed
+// with: for every field, colour and value, on random chips, the same bytes.
+TEST(ChipDescription, ShippedFm612xDescriptionsWriteWhatTheRegisterModelsWrite) {
+    using namespace fm612x;
+    using Model = std::function<void(Block, Colour, int)>;
+    using Reader = std::function<int(ConstBlock, Colour)>;
+    struct Pair {
+        const char* page;
+        const char* field;
+        Model write;
+        Reader read;
+    };
+    auto ex26 = [](Fm6126ExField f) {
+        return std::make_pair(Model([f](Block b, Colour c, int v) { WriteFm6126Ex(b, c, f, v); }),
+                              Reader([f](ConstBlock b, Colour c) { return ReadFm6126Ex(b, c, f); }));
+    };
+    auto ex27 = [](Fm6127ExField f) {
+        return std::make_pair(Model([f](Block b, Colour c, int v) { WriteFm6127Ex(b, c, f, v); }),
+                              Reader([f](ConstBlock b, Colour c) { return ReadFm6127Ex(b, c, f); }));
+    };
+    auto global27 = [](Fm6127ExGlobal g) {
+        return std::make_pair(Model([g](Block b, Colour, int v) { WriteFm6127ExGlobal(b, g, v); }),
+                              Reader([g](ConstBlock b, Colour) { return ReadFm6127ExGlobal(b, g); }));
+    };
+    auto ex29 = [](Fm6129ExField f) {
+        return std::make_pair(Model([f](Block b, Colour c, int v) { WriteFm6129Ex(b, c, f, v); }),
+                              Reader([f](ConstBlock b, Colour c) { return ReadFm6129Ex(b, c, f); }));
+    };
+    const std::vector<std::tuple<const char*, const char*, std::pair<Model, Reader>>> pairs{
+        {"CRegvaneFM6126EX", "gain", ex26(Fm6126ExField::Gain)},
+        {"CRegvaneFM6126EX", "mode", ex26(Fm6126ExField::Mode)},
+        {"CRegvaneFM6126EX", "ghost-level", ex26(Fm6126ExField::GhostLevel)},
+        {"CRegvaneFM6126EX", "low-grey", ex26(Fm6126ExField::LowGreyComp)},
+        {"CRegvaneFM6126EX", "output-delay", ex26(Fm6126ExField::OutputDelay)},
+        {"CRegvaneFM6127EX", "gain", ex27(Fm6127ExField::Gain)},
+        {"CRegvaneFM6127EX", "ghost-off", ex27(Fm6127ExField::GhostOff)},
+        {"CRegvaneFM6127EX", "low-grey", ex27(Fm6127ExField::LowGreyComp)},
+        {"CRegvaneFM6127EX", "pre-charge", ex27(Fm6127ExField::PreCharge)},
+        {"CRegvaneFM6127EX", "output-delay", ex27(Fm6127ExField::OutputDelay)},
+        {"CRegvaneFM6127EX", "ghost-level", ex27(Fm6127ExField::GhostLevel)},
+        {"CRegvaneFM6127EX", "enhanced-mode", ex27(Fm6127ExField::EnhancedMode)},
+        {"CRegvaneFM6127EX", "refresh-mode", global27(Fm6127ExGlobal::RefreshMode)},
+        {"CRegvaneFM6127EX", "grey-mode", global27(Fm6127ExGlobal::GreyMode)},
+        {"CRegvaneFM6127EX", "scan-direction", global27(Fm6127ExGlobal::ScanDirection)},
+        {"CRegvaneFM6127EX", "extended", global27(Fm6127ExGlobal::ExtendedShown)},
+        {"CRegvaneFM6127EX", "reserved", global27(Fm6127ExGlobal::Reserved)},
+        {"CRegvaneFM6129Ex", "ghost-off", ex29(Fm6129ExField::GhostOff)},
+        {"CRegvaneFM6129Ex", "low-grey-boost", ex29(Fm6129ExField::LowGreyEnhance)},
+        {"CRegvaneFM6129Ex", "open-detect", ex29(Fm6129ExField::OpenDetect)},
+        {"CRegvaneFM6129Ex", "ghost-level", ex29(Fm6129ExField::GhostLevel)},
+        {"CRegvaneFM6129Ex", "grey-compensation", ex29(Fm6129ExField::GreyCompensation)},
+    };
+    std::map<std::string, int> compared;
+    std::mt19937 random(6126);
+    for (const auto& [page, name, model] : pairs) {
+        const Description description = Shipped(page);
+        const int index = description.FieldIndex(name);
+        ASSERT_GE(index, 0) << page << " " << name;
+        const Field& field = description.fields[static_cast<std::size_t>(index)];
+        ++compared[page];
+        const int colours = field.colours == Colours::None ? 1 : chipdesc::kColourCount;
+        for (int colour = 0; colour < colours; ++colour) {
+            for (int value = field.minimum; value <= field.maximum; ++value) {
+                std::array<std::uint8_t, 16> byModel;
+                for (auto& byte : byModel)
+                    byte = static_cast<std::uint8_t>(random());
+                auto byDescription = byModel;
+                EXPECT_EQ(ReadValue(field, byDescription, colour),
+                          model.second(byModel, static_cast<Colour>(colour)))
+                    << page << " " << name << " colour " << colour;
+                model.first(byModel, static_cast<Colour>(colour), value);
+                WriteValue(field, byDescription, colour, value);
+                ASSERT_EQ(byDescription, byModel)
+                    << page << " " << name << " colour " << colour << " value " << value;
+            }
+        }
+    }
+    // Every field of the three descriptions has its model.
+    for (const auto& [page, count] : compared)
+        EXPECT_EQ(static_cast<std::size_t>(count + (std::string(page) == "CRegvaneFM6127EX")),
+                  Shipped(page).fields.size())
+            << page; // the brightness step is the host's value, not the chip's
+}
+
+TEST(ChipDescription, TheLayoutGivesEveryTextItsRoomAndNoTwoControlsOverlap) {
+    const Description description = Shipped("CRegvaneFM6127EX");
+    // Every character 6 pixels; one label three times as long as in English.
+    LayoutTexts texts;
+    texts.translate = [](std::string_view id) {
+        std::wstring text = Utf8ToWide(id);
+        return id == "IDS_FM6127EX_PreCharge" ? text + text + text : text;
+    };
+    texts.measure = [](std::wstring_view text) { return static_cast<int>(text.size()) * 6; };
+    const LayoutPlan plan = PlanLayout(description, texts, {6, 13});
+    std::vector<const PlannedWindow*> controls;
+    for (const PlannedWindow& window : plan.windows) {
+        if (window.role == Role::Label || window.role == Role::ColourHeader ||
+            window.role == Role::LinkSwitch) {
+            EXPECT_GE(window.rect.Width(), texts.measure(window.text)) << window.text.size();
+        }
+        EXPECT_LE(window.rect.right, plan.width);
+        EXPECT_LE(window.role == Role::Control ? window.rect.top : window.rect.bottom, plan.height);
+        if (window.role != Role::GroupBox)
+            controls.push_back(&window);
+    }
+    for (std::size_t i = 0; i < controls.size(); ++i)
+        for (std::size_t j = i + 1; j < controls.size(); ++j) {
+            const Rect& a = controls[i]->rect;
+            const Rect& b = controls[j]->rect;
+            // A combo's rectangle includes its drop-down list, which may hang over the rows below.
+            const int aBottom =
+                controls[i]->role == Role::Control &&
+                        description.fields[static_cast<std::size_t>(controls[i]->field)].control ==
+                            Control::Combo
+                    ? a.top + 20
+                    : a.bottom;
+            const bool apart =
+                a.right <= b.left || b.right <= a.left || aBottom <= b.top || b.bottom <= a.top;
+            EXPECT_TRUE(apart) << "windows " << i << " and " << j;
+        }
+    // The ids the description gives are the controls' ids.
+    int withIds = 0;
+    for (const PlannedWindow& window : plan.windows)
+        withIds += window.role == Role::Control && window.id >= 21201 && window.id <= 21226;
+    EXPECT_EQ(withIds, 18 + 3 + 1);
+}
+
+} // namespace

@@ -1,0 +1,184 @@
+// Operator sessions on chip pages, every host call written down with its bytes, held against the
+// trace the page left when it was last accepted (tests/windows/traces/<class>.trace). A page that
+// is rebuilt (from a chip description instead of C++, say) must give the host exactly the same calls.
+//
+// REGVANE_RECORD_TRACES=1 writes the traces instead of comparing; review the diff before keeping one.
+#include "TestHost.h"
+
+#include <commctrl.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+class TracedSession {
+public:
+    TracedSession(int type, SimulatedChip& chip) : m_chip(chip) {
+        InstallHostCallback();
+        m_chip.ClearLog();
+        Note("open");
+        m_window = RegvaneLibrary::Get().CreateRegvaneHwnd(type, &chip, L"", m_host.View());
+        Flush();
+    }
+    ~TracedSession() {
+        if (m_window && IsWindow(m_window))
+            DestroyWindow(m_window);
+    }
+    HWND Window() const { return m_window; }
+    HWND Item(int id) const { return GetDlgItem(m_window, id); }
+
+    void Slider(int id, int position) {
+        Note("slider " + std::to_string(id) + " " + std::to_string(position));
+        SendMessageW(Item(id), TBM_SETPOS, TRUE, position);
+        SendMessageW(m_window, WM_HSCROLL, MAKEWPARAM(TB_THUMBPOSITION, position),
+                     reinterpret_cast<LPARAM>(Item(id)));
+        Flush();
+    }
+    void Select(int id, int index) {
+        Note("select " + std::to_string(id) + " " + std::to_string(index));
+        SendMessageW(Item(id), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+        SendMessageW(m_window, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(Item(id)));
+        Flush();
+    }
+    void Type(int id, const std::wstring& text) {
+        Note("type " + std::to_string(id) + " " + std::string(text.begin(), text.end()));
+        SetWindowTextW(Item(id), text.c_str());
+        SendMessageW(Item(id), WM_KEYDOWN, VK_RETURN, 0);
+        Flush();
+    }
+    void Click(int id) {
+        Note("click " + std::to_string(id));
+        SendMessageW(Item(id), BM_CLICK, 0, 0);
+        Flush();
+    }
+    void Reread() {
+        Note("host: read the chip again");
+        SendMessageW(m_window, 0x0903, 0, 0);
+        Flush();
+    }
+    void ShowAgain() {
+        Note("host: hide and show the page");
+        ShowWindow(m_window, SW_HIDE);
+        ShowWindow(m_window, SW_SHOW);
+        Flush();
+    }
+    void Host(const std::string& what, const std::function<void()>& change) {
+        Note("host: " + what);
+        change();
+    }
+
+    std::string Trace() const { return m_trace.str(); }
+
+private:
+    void Note(const std::string& step) { m_trace << "> " << step << "\n"; }
+    void Flush() {
+        for (const HostCall& call : m_chip.log)
+            m_trace << "  " << call.ToString() << "\n";
+        m_chip.ClearLog();
+    }
+
+    SimulatedChip& m_chip;
+    HostFrame m_host;
+    HWND m_window = nullptr;
+    std::ostringstream m_trace;
+};
+
+// A chip whose every byte differs, so that a field read from the wrong place shows.
+SimulatedChip PatternChip(const char* model) {
+    SimulatedChip chip;
+    chip.modelName = model;
+    for (std::size_t i = 0; i < chip.regData.size(); ++i)
+        chip.regData[i] = static_cast<std::uint8_t>(0x5A + i * 0x25);
+    for (std::size_t i = 0; i < chip.regDataEx.size(); ++i)
+        chip.regDataEx[i] = static_cast<std::uint8_t>(0xC3 ^ (i * 0x11));
+    for (std::size_t i = 0; i < chip.regData4.size(); ++i)
+        chip.regData4[i] = static_cast<std::uint8_t>(i * 7);
+    chip.sliderValue = 41;
+    return chip;
+}
+
+void ExpectTrace(const std::string& className, const std::string& trace) {
+    const std::string path =
+        std::string(REGVANE_SOURCE_DIR) + "/tests/windows/traces/" + className + ".trace";
+    if (const char* record = std::getenv("REGVANE_RECORD_TRACES"); record && *record == '1') {
+        std::ofstream(path, std::ios::binary) << trace;
+        return;
+    }
+    std::ifstream file(path, std::ios::binary);
+    ASSERT_TRUE(file) << "no trace " << path;
+    std::stringstream expected;
+    expected << file.rdbuf();
+    // Line by line, so that a difference names its step.
+    std::istringstream want(expected.str()), got(trace);
+    std::string wantLine, gotLine, step;
+    for (int line = 1; std::getline(want, wantLine); ++line) {
+        if (wantLine.rfind("> ", 0) == 0)
+            step = wantLine;
+        ASSERT_TRUE(std::getline(got, gotLine)) << className << ": the trace ends before line " << line;
+        ASSERT_EQ(gotLine, wantLine) << className << " line " << line << ", after " << step;
+    }
+    EXPECT_FALSE(std::getline(got, gotLine)) << className << ": more calls than accepted: " << gotLine;
+}
+
+TEST(PageTraces, Fm6126ExGivesTheHostTheAcceptedCalls) {
+    SimulatedChip chip = PatternChip("FM6126");
+    {
+        TracedSession page(65536 + 15, chip);
+        page.Click(21119); // link off (it starts off: this turns it on)
+        page.Click(21119);
+        page.Slider(21101, 4);
+        page.Slider(21102, 15);
+        page.Select(21109, 1);
+        page.Select(21111, 3);
+        page.Type(21113, L"5");
+        page.Type(21118, L"6");
+        page.Type(21116, L"0");
+        page.Click(21119);
+        page.Slider(21103, 12);
+        page.Click(21119);
+        page.Host("sets byte 8 to 0x19", [&] { chip.regData[8] = 0x19; });
+        page.Reread();
+        page.ShowAgain();
+        page.Slider(21101, 0);
+        ExpectTrace("CRegvaneFM6126EX", page.Trace());
+    }
+}
+
+TEST(PageTraces, Fm6127ExGivesTheHostTheAcceptedCalls) {
+    SimulatedChip chip = PatternChip("FM6127");
+    TracedSession page(65536 + 25, chip);
+    const int values[] = {9, 1, 7, 13, 5, 6};
+    for (int setting = 0; setting < 6; ++setting)
+        for (int colour = 0; colour < 3; ++colour)
+            page.Type(21201 + setting * 3 + colour,
+                      std::to_wstring((values[setting] + colour) % 8 + setting));
+    for (const int combo : {21220, 21221, 21222})
+        page.Select(combo, 1);
+    page.Host("clears bit 6 of byte 14", [&] { chip.regData[14] &= 0xBF; });
+    page.Reread();
+    page.Select(21220, 0);
+    page.Host("changes its brightness step to 42", [&] { chip.sliderValue = 42; });
+    page.Type(21201, L"2");
+    page.ShowAgain();
+    ExpectTrace("CRegvaneFM6127EX", page.Trace());
+}
+
+TEST(PageTraces, Fm6129ExGivesTheHostTheAcceptedCalls) {
+    SimulatedChip chip = PatternChip("FM6129");
+    TracedSession page(65536 + 48, chip);
+    for (int setting = 0; setting < 5; ++setting)
+        for (int colour = 0; colour < 3; ++colour)
+            page.Type(21501 + setting * 3 + colour, std::to_wstring((setting * 5 + colour * 3) % 16));
+    page.Host("changes byte 3 of record A", [&] { chip.regDataEx[3] ^= 0xFF; });
+    page.Type(21501, L"0");
+    page.Reread();
+    ExpectTrace("CRegvaneFM6129Ex", page.Trace());
+}
+
+} // namespace
