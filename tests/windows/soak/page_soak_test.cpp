@@ -32,10 +32,14 @@ namespace {
 constexpr std::ptrdiff_t kHeapSlackBytes = 1024;
 constexpr int kMeasuredPasses = 3;
 
-// The host switches its language every this many pages, while a page is up: 13 times a pass, so
-// the warm-up pass meets every language.
+// The host switches its language every this many pages, while a page is up: 13 times a pass, each
+// index in turn. Every pass follows the same course, so a row always opens in the same language:
+// what a page keeps once per language (a layout made for its texts) is made in the warm-up pass.
 constexpr int kPagesPerLanguage = 29;
 constexpr int kLanguageStride = 5; // coprime with the 13 indices: each comes up in turn
+constexpr int LanguageOfStretch(std::size_t stretch) {
+    return 1 + static_cast<int>(stretch * kLanguageStride % kLanguageCount);
+}
 // Measurements are taken in one language: each language loads files of its own size.
 constexpr int kMeasuredLanguage = 3;
 
@@ -72,9 +76,12 @@ public:
     // Opens, shows and destroys every catalog row in turn (or the first `rows` of them).
     void Pass(const WhileShown& whileShown = {}, std::size_t rows = SIZE_MAX) {
         const std::vector<CatalogEntry>& catalog = ChipCatalog();
+        SwitchLanguage(LanguageOfStretch(0));
         for (std::size_t i = 0; i < catalog.size() && i < rows; ++i) {
             // Half the pages are held as the host's objects, half as windows that free themselves.
-            CycleOnePage(catalog[i], i % 2 == 1, whileShown);
+            const bool lastOfStretch = (i + 1) % kPagesPerLanguage == 0;
+            CycleOnePage(catalog[i], i % 2 == 1,
+                         lastOfStretch ? LanguageOfStretch((i + 1) / kPagesPerLanguage) : 0, whileShown);
             if (::testing::Test::HasFatalFailure())
                 return;
         }
@@ -111,7 +118,9 @@ private:
         return MeasureProcessFootprint();
     }
 
-    void CycleOnePage(const CatalogEntry& row, bool hostHoldsObject, const WhileShown& whileShown) {
+    // switchTo: the language the host switches to while this page is up, or 0.
+    void CycleOnePage(const CatalogEntry& row, bool hostHoldsObject, int switchTo,
+                      const WhileShown& whileShown) {
         RegvaneLibrary& lib = RegvaneLibrary::Get();
         SimulatedChip chip;
         SetUpSimulatedChip(chip, row.chipType, row.subType);
@@ -129,8 +138,9 @@ private:
         ShowWindow(page, SW_SHOW);
         UpdateWindow(page);
         PumpMessages();
-        if (++m_pagesOpened % kPagesPerLanguage == 0) {
-            SwitchLanguage(1 + (m_languageStep++ * kLanguageStride) % kLanguageCount);
+        ++m_pagesOpened;
+        if (switchTo) {
+            SwitchLanguage(switchTo);
             ++m_languageSwitches;
         }
         if (whileShown)
@@ -147,7 +157,6 @@ private:
     CWnd m_view{m_host.View()};
     int m_pagesOpened = 0;
     int m_languageSwitches = 0;
-    int m_languageStep = 0;
 };
 
 class PageSoak : public ::testing::Test {
