@@ -18,6 +18,7 @@ bool CStdioFileEx::Open(const std::wstring& path, unsigned flags) {
     m_writeFailed = false;
     m_lastWrittenCR = false;
     m_encoding = TextEncoding::Utf8;
+    m_bytesRead = 0;
     if (m_writing) {
         // Without modeCreate an existing file is appended to, as the host's file class does.
         m_file = OpenFileWide(path, (flags & modeCreate) ? L"wb" : L"ab");
@@ -29,7 +30,8 @@ bool CStdioFileEx::Open(const std::wstring& path, unsigned flags) {
     char head[3] = {};
     const std::size_t got = std::fread(head, 1, sizeof head, m_file);
     m_encoding = DetectEncoding(std::string_view(head, got));
-    std::fseek(m_file, static_cast<long>(BomLength(m_encoding)), SEEK_SET);
+    m_bytesRead = BomLength(m_encoding);
+    std::fseek(m_file, static_cast<long>(m_bytesRead), SEEK_SET);
     return true;
 }
 
@@ -39,12 +41,14 @@ bool CStdioFileEx::ReadUnit(char32_t& unit) {
         const int hi = lo == EOF ? EOF : std::fgetc(m_file);
         if (hi == EOF)
             return false;
+        m_bytesRead += 2;
         unit = static_cast<char32_t>(lo | (hi << 8));
         return true;
     }
     const int c = std::fgetc(m_file);
     if (c == EOF)
         return false;
+    ++m_bytesRead;
     unit = static_cast<char32_t>(c);
     return true;
 }

@@ -5,6 +5,7 @@
 
 #include "framework/TextEncoding.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -35,12 +36,15 @@ public:
     // False when buffered data could not reach the disk.
     bool Close();
     bool IsOpen() const { return m_file != nullptr; }
+    // What reading has taken from the file since it was opened, its byte-order mark included.
+    std::uint64_t BytesRead() const { return m_bytesRead; }
     TextEncoding Encoding() const { return m_encoding; }
 
 private:
     bool ReadUnit(char32_t& unit);
 
     std::FILE* m_file = nullptr;
+    std::uint64_t m_bytesRead = 0;
     bool m_writing = false;
     bool m_writeFailed = false;
     bool m_lastWrittenCR = false;

@@ -54,11 +54,6 @@ std::size_t ScanHex(std::wstring_view text, std::size_t at, std::uint32_t& value
     return at;
 }
 
-// Blank, or only the commas a spreadsheet program leaves in an emptied row.
-bool IsEmptyLine(std::wstring_view line) {
-    return std::all_of(line.begin(), line.end(), [](wchar_t c) { return c == L',' || IsScanBlank(c); });
-}
-
 bool ParseRowCountHeader(std::wstring_view line, int& count) {
     // The blank in "Register Count: %d" matches any run of blanks, none included.
     constexpr std::wstring_view label = L"Register Count:";
@@ -88,11 +83,11 @@ public:
     explicit CountingReader(CStdioFileEx& file, ParamReadOutcome& outcome)
         : m_file(file), m_outcome(outcome) {}
     bool Next(std::wstring& line) {
-        if (!m_file.ReadString(line))
-            return false;
-        ++m_outcome.linesRead;
-        m_outcome.charsRead += line.size();
-        return true;
+        const bool read = m_file.ReadString(line);
+        m_outcome.bytesRead = m_file.BytesRead();
+        if (read)
+            ++m_outcome.linesRead;
+        return read;
     }
 
 private:
@@ -237,16 +232,17 @@ ParamReadOutcome ReadParamFile(const std::wstring& path, const ParamFileLayout& 
         return outcome;
     }
 
-    // A file that pads with blank lines still only gets as many of them skipped as it has rows to
-    // give, so a file of nothing but line breaks is not read to its end.
-    std::size_t blankLinesLeft = layout.skipEmptyLines ? static_cast<std::size_t>(rows) + 16 : 0;
+    // Empty lines are no rows however many there are, but no more of the file is read than rows of
+    // the longest line a read hands out would take: a huge file of line breaks ends like a short file.
+    // A line of blanks or commas is a row, one that changes nothing.
+    const std::uint64_t byteBudget =
+        (static_cast<std::uint64_t>(rows) + 2) * static_cast<std::uint64_t>(CStdioFileEx::kMaxLineChars);
     auto nextLine = [&](std::wstring& text) {
         while (reader.Next(text)) {
-            if (!layout.skipEmptyLines || !IsEmptyLine(text))
+            if (!layout.skipEmptyLines || !text.empty())
                 return true;
-            if (blankLinesLeft == 0)
+            if (file.BytesRead() > byteBudget)
                 return false;
-            --blankLinesLeft;
         }
         return false;
     };

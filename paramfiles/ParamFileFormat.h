@@ -29,7 +29,7 @@ struct ParamFileLayout {
     int fieldsPerRow = 4;
     // "Register Count: %d": the header states how many rows follow, and a reader takes it from there.
     bool headerCarriesRowCount = false;
-    // Blank lines between the rows are not rows.
+    // Empty lines between the rows are not rows (a line of blanks or commas is one).
     bool skipEmptyLines = false;
 };
 
@@ -71,8 +71,8 @@ enum class ParamReadStatus {
 struct ParamReadOutcome {
     ParamReadStatus status = ParamReadStatus::CannotOpen;
     int rowsRead = 0;          // lines taken as rows, whether they parsed or not
-    std::size_t linesRead = 0; // pieces handed out by the file, skipped blank lines included
-    std::uint64_t charsRead = 0;
+    std::size_t linesRead = 0; // pieces handed out by the file, skipped empty lines included
+    std::uint64_t bytesRead = 0;
     bool ok() const { return status == ParamReadStatus::Ok; }
 };
 
@@ -81,6 +81,7 @@ struct ParamReadOutcome {
 // keeping the low 8 bits of each value; a short or unparsable line leaves the fields it does not
 // supply as they were, the end of the file leaves the remaining rows, and lines after the last row
 // are never read. `bytes` changes only when the outcome is Ok. At most about
-// (rows + 2) * CStdioFileEx::kMaxLineChars characters are read, whatever the file holds.
+// (rows + 2) * CStdioFileEx::kMaxLineChars code units are read, whatever the file holds, however
+// many empty lines a layout that skips them meets.
 ParamReadOutcome ReadParamFile(const std::wstring& path, const ParamFileLayout& layout,
                                std::span<std::uint8_t> bytes, int rows);

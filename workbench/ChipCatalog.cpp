@@ -65,6 +65,16 @@ const std::vector<CatalogEntry>& ChipCatalog() {
     return entries;
 }
 
+const CatalogEntry* ExtendedPageBase(int chipType) {
+    if (chipType <= 0xFFFF)
+        return nullptr;
+    const std::string chip = ModelNameFromClassName(PageClassFor(chipType, 0), chipType);
+    for (const CatalogEntry& entry : ChipCatalog())
+        if (entry.chipType <= 0xFFFF && entry.modelName == chip)
+            return &entry;
+    return nullptr;
+}
+
 bool MatchesSearch(const CatalogEntry& entry, std::string_view search) {
     const std::string haystack = Lower(EntryLabel(entry) + " " + std::to_string(entry.chipType) + " " +
                                        entry.className + " " + entry.modelName);

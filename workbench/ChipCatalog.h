@@ -19,6 +19,11 @@ struct CatalogEntry {
 // Every row, by type and sub-type. Built once: it asks the factory about every possible sub-type.
 const std::vector<CatalogEntry>& ChipCatalog();
 
+// The numbered chip a page of the extended range (65536 and up) runs on: the first row below 65536
+// whose page class names the same chip ("CRegvaneICN2055EX" runs on the ICN2055 of type 193). Null
+// when no numbered page names that chip, and for numbered types.
+const CatalogEntry* ExtendedPageBase(int chipType);
+
 // The class of the page the module gives for a type and sub-type; empty when there is none.
 std::string PageClassFor(int chipType, int subType);
 bool DependsOnSubType(int chipType);

@@ -1,5 +1,8 @@
 #include "workbench/ChipPresets.h"
 
+#include "paramfiles/ParamChipTable.h"
+
+#include "dialogs/chips/ParamTablePageList.h"
 #include "workbench/ChipCatalog.h"
 
 #include <algorithm>
@@ -84,6 +87,27 @@ void ParameterRows(std::vector<std::array<std::uint8_t, kParamRowBytes>>& rows, 
     }
 }
 
+// The pages with a register parameter table show the large record (GetRegData2) and the start of
+// record A (GetRegDataEx) as rows. The workbench fills both with bytes that count up from 0x20,
+// never 0: an export, an import and the list then show distinct values in every cell. This is a
+// test pattern, not a chip's default.
+void CountingTable(SimulatedChip& chip) {
+    int next = 0;
+    auto fill = [&next](auto& image) {
+        for (std::uint8_t& byte : image)
+            byte = static_cast<std::uint8_t>(0x20 + next++ % 0xC0);
+    };
+    fill(chip.regData2);
+    fill(chip.regDataEx);
+}
+
+bool ShowsParameterTable(const std::string& className) {
+#define REGVANE_PARAM_TABLE_PAGE_NAME(ClassName, templateId, table, chipName) #ClassName,
+    static constexpr std::string_view kPages[] = {REGVANE_PARAM_TABLE_PAGES(REGVANE_PARAM_TABLE_PAGE_NAME)};
+#undef REGVANE_PARAM_TABLE_PAGE_NAME
+    return std::find(std::begin(kPages), std::end(kPages), className) != std::end(kPages);
+}
+
 struct ClassPreset {
     const char* className;
     void (*apply)(SimulatedChip&);
@@ -105,10 +129,34 @@ const ClassPreset kClassPresets[] = {
 
 } // namespace
 
+namespace {
+
+// The chip type whose parameter files carry this page's chip in their tag line
+// ("CHIP_ICND2165_PARAMETER_FILE" is chip type 292), or 0.
+int ParamFileChipType(const std::string& className, int chipType) {
+    const std::string model = ModelNameFromClassName(className, chipType);
+    const std::wstring tag = L"CHIP_" + std::wstring(model.begin(), model.end()) + L"_PARAMETER_FILE";
+    for (const ParamChipInfo& info : ParamChipTable())
+        if (tag == info.tagLine)
+            return info.id;
+    return 0;
+}
+
+} // namespace
+
 void SetUpSimulatedChip(SimulatedChip& chip, int chipType, int subType) {
-    chip.chipType = static_cast<std::uint16_t>(chipType);
-    chip.chipSubType = static_cast<std::uint16_t>(subType);
     const std::string className = PageClassFor(chipType, subType);
+    if (chipType <= 0xFFFF) {
+        chip.chipType = static_cast<std::uint16_t>(chipType);
+        chip.chipSubType = static_cast<std::uint16_t>(subType);
+    } else {
+        // The host numbers a page of the extended range, but reports the chip it extends: the chip of
+        // the numbered page that names it, else the chip type its parameter files go by, else 0.
+        const CatalogEntry* base = ExtendedPageBase(chipType);
+        chip.chipType =
+            static_cast<std::uint16_t>(base ? base->chipType : ParamFileChipType(className, chipType));
+        chip.chipSubType = static_cast<std::uint16_t>(subType ? subType : base ? base->subType : 0);
+    }
     chip.modelName = ModelNameFromClassName(className, chipType);
     chip.gainMin = 0;
     chip.gainMax = 63;
@@ -130,6 +178,8 @@ void SetUpSimulatedChip(SimulatedChip& chip, int chipType, int subType) {
         preset->apply(chip);
     else
         Neutral(chip);
+    if (ShowsParameterTable(className))
+        CountingTable(chip);
 
     if (className == "CRegvaneICND3065" || className == "CRegvaneICND3065Ex")
         ParameterRows(chip.icnd3065Rows, 48, 0x20);

@@ -5,6 +5,8 @@
 
 #include "workbench/SimulatedChip.h"
 
-// Sets the chip's type and sub-type, its chip name (from the page's class), the host values the
-// pages ask for (gain range, register kind, count, parameter rows) and the register images.
+// Sets the chip up as a host would hand it to the page of this type and sub-type: the chip's type
+// and sub-type (for a page of the extended range, those of the chip it extends), its chip name
+// (from the page's class), the host values the pages ask for (gain range, register kind, count,
+// parameter rows) and the register images.
 void SetUpSimulatedChip(SimulatedChip& chip, int chipType, int subType);

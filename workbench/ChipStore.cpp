@@ -69,9 +69,9 @@ std::wstring ChipStore::FileFor(int chipType, int subType) const {
     return m_folder + name + L".txt";
 }
 
-ChipStore::Loaded ChipStore::Load(SimulatedChip& chip) const {
+ChipStore::Loaded ChipStore::Load(SimulatedChip& chip, int chipType, int subType) const {
     Loaded loaded;
-    const std::wstring path = FileFor(chip.chipType, chip.chipSubType);
+    const std::wstring path = FileFor(chipType, subType);
     std::string text;
     if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES)
         return loaded;
@@ -96,8 +96,8 @@ ChipStore::Loaded ChipStore::Load(SimulatedChip& chip) const {
     return loaded;
 }
 
-std::string ChipStore::Save(const SimulatedChip& chip) const {
-    const std::wstring path = FileFor(chip.chipType, chip.chipSubType);
+std::string ChipStore::Save(const SimulatedChip& chip, int chipType, int subType) const {
+    const std::wstring path = FileFor(chipType, subType);
     return WriteFile(path.substr(path.find_last_of(L'\\') + 1), FormatChipSaveFile(chip));
 }
 

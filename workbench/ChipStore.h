@@ -19,11 +19,12 @@ public:
         bool fromFile = false;
         std::string warning; // a damaged file: what is wrong and where it was put aside
     };
-    // Reads the saved images into a chip that holds its start values. A damaged file is renamed to
-    // "<name>.damaged-<time>" and the chip keeps its start values.
-    Loaded Load(SimulatedChip& chip) const;
+    // Reads the saved images of the chip behind the page of this type and sub-type into a chip that
+    // holds its start values. A damaged file is renamed to "<name>.damaged-<time>" and the chip keeps
+    // its start values.
+    Loaded Load(SimulatedChip& chip, int chipType, int subType) const;
     // Empty on success, else what went wrong.
-    std::string Save(const SimulatedChip& chip) const;
+    std::string Save(const SimulatedChip& chip, int chipType, int subType) const;
 
     // Any other small file of the workbench in the same folder, written the same safe way.
     std::string WriteFile(const std::wstring& name, const std::string& text) const;

@@ -45,7 +45,7 @@ bool ReadTextFile(const std::wstring& path, std::string& text) {
 // Every line of the log of one step, indented under the step.
 void PrintLog(PageSession& session, MessageBoxAnswerer& boxes) {
     for (const std::wstring& box : boxes.TakeAnswered())
-        session.Note("message box answered with OK: " + Utf8(box));
+        session.Note(Utf8(box));
     for (const std::string& line : session.TakeLog())
         std::printf("    %s\n", line.c_str());
 }
@@ -95,6 +95,22 @@ bool LoadScript(const WorkbenchOptions& options, std::vector<ScriptAction>& acti
     return true;
 }
 
+bool WritePagePicture(HWND page, const std::wstring& path) {
+    const std::wstring picture = FullPath(path);
+    SIZE size{};
+    bool cropped = false;
+    std::string error = MakeFolders(FolderOf(picture)) ? "" : "cannot create " + Utf8(FolderOf(picture));
+    if (error.empty())
+        error = CaptureWindowPng(page, picture, size, cropped);
+    if (!error.empty()) {
+        std::fprintf(stderr, "error: no screenshot: %s\n", error.c_str());
+        return false;
+    }
+    std::printf("screenshot %s (%ld x %ld pixels%s)\n", DisplayPath(picture).c_str(), size.cx, size.cy,
+                cropped ? ", cut off at the screen's edge" : "");
+    return true;
+}
+
 void PrintChipList() {
     std::printf("%-12s %-28s %s\n", "type", "page class", "chip");
     for (const CatalogEntry& entry : ChipCatalog())
@@ -102,44 +118,11 @@ void PrintChipList() {
                     entry.modelName.c_str());
 }
 
-int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback) {
-    std::vector<ScriptAction> actions;
-    if (!LoadScript(options, actions))
-        return kExitBadCommandLine;
-    const int chipType = *options.chipType;
-    const int subType = options.subType;
-    if (!FindChipType(chipType)) {
-        std::fprintf(stderr, "error: there is no chip type %s (--list shows every chip type)\n",
-                     ChipTypeLabel(chipType).c_str());
-        return kExitBadCommandLine;
-    }
-
-    ChipStore store(options.profile);
-    PageSession session(module, callback);
-    HeadlessFrame frame(session);
-    MessageBoxAnswerer boxes;
-    const PageSession::Opened opened = session.Open(chipType, subType, frame.View(), &store, options.reset);
-    if (!opened.warning.empty())
-        std::fprintf(stderr, "warning: %s\n", opened.warning.c_str());
-    const std::string pageClass = session.PageClass();
-    std::printf("chip type %s: %s (%s), %s\n", PageLabel(chipType, subType).c_str(),
-                pageClass.empty() ? "no page class" : pageClass.c_str(), session.Chip().modelName.c_str(),
-                opened.fromFile
-                    ? ("saved images from " + DisplayPath(store.FileFor(chipType, subType))).c_str()
-                    : "start values");
-    if (!opened.hasPage) {
-        PrintLog(session, boxes);
-        std::string why = pageClass.empty() ? "" : " (" + pageClass + ")";
-        if (pageClass.empty() && DependsOnSubType(chipType)) {
-            why = " with this sub-type; sub-types with a page:";
-            for (const CatalogEntry& entry : ChipCatalog())
-                if (entry.chipType == chipType)
-                    why += " " + std::to_string(entry.subType) + " (" + entry.className + ")";
-        }
-        std::fprintf(stderr, "error: regvane.dll gives no page for chip type %s%s\n",
-                     PageLabel(chipType, subType).c_str(), why.c_str());
-        return kExitNoPage;
-    }
+// The part of a headless run after the page opened: fit it, print it, run the actions, print the
+// images and write the picture. Returns a WorkbenchExit.
+int DriveAndPicture(PageSession& session, HeadlessFrame& frame, MessageBoxAnswerer& boxes,
+                    const std::vector<ScriptAction>& actions, const std::wstring& savedFile,
+                    const std::wstring& picture) {
     frame.FitPage(session.Page());
     RECT rect{};
     GetWindowRect(session.Page(), &rect);
@@ -163,28 +146,108 @@ int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHo
         }
     }
     PrintImages(session);
-    const std::wstring saved = store.FileFor(chipType, subType);
-    if (GetFileAttributesW(saved.c_str()) != INVALID_FILE_ATTRIBUTES)
-        std::printf("the chip persists in %s\n", DisplayPath(saved).c_str());
+    if (!savedFile.empty() && GetFileAttributesW(savedFile.c_str()) != INVALID_FILE_ATTRIBUTES)
+        std::printf("the chip persists in %s\n", DisplayPath(savedFile).c_str());
 
-    const std::wstring picture =
-        FullPath(!options.screenshot.empty()
-                     ? options.screenshot
-                     : ProgramFolder() + L"..\\..\\screenshots\\page-" + std::to_wstring(chipType) +
-                           (subType ? L"-" + std::to_wstring(subType) : L"") + L".png");
-    SIZE size{};
-    bool cropped = false;
-    std::string error = MakeFolders(FolderOf(picture)) ? "" : "cannot create " + Utf8(FolderOf(picture));
-    if (error.empty())
-        error = CaptureWindowPng(session.Page(), picture, size, cropped);
-    if (!error.empty()) {
-        std::fprintf(stderr, "error: no screenshot: %s\n", error.c_str());
+    if (!WritePagePicture(session.Page(), picture))
         return status == kExitDone ? kExitScreenshotFailed : status;
-    }
-    std::printf("screenshot %s (%ld x %ld pixels%s)\n", DisplayPath(picture).c_str(), size.cx, size.cy,
-                cropped ? ", cut off at the screen's edge" : "");
     session.Close();
     PrintLog(session, boxes);
+    return status;
+}
+
+int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback) {
+    std::vector<ScriptAction> actions;
+    if (!LoadScript(options, actions))
+        return kExitBadCommandLine;
+    const int chipType = *options.chipType;
+    const int subType = options.subType;
+    if (!FindChipType(chipType)) {
+        std::fprintf(stderr, "error: there is no chip type %s (--list shows every chip type)\n",
+                     ChipTypeLabel(chipType).c_str());
+        return kExitBadCommandLine;
+    }
+
+    ChipStore store(options.profile);
+    PageSession session(module, callback);
+    HeadlessFrame frame(session);
+    MessageBoxAnswerer boxes;
+    const PageSession::Opened opened = session.Open(chipType, subType, frame.View(), &store, options.reset);
+    if (!opened.warning.empty())
+        std::fprintf(stderr, "warning: %s\n", opened.warning.c_str());
+    const std::string pageClass = session.PageClass();
+    std::printf("chip type %s: %s (%s), %s\n", PageLabel(chipType, subType).c_str(),
+                pageClass.empty() ? "no page class" : pageClass.c_str(), session.ChipDescription().c_str(),
+                opened.fromFile
+                    ? ("saved images from " + DisplayPath(store.FileFor(chipType, subType))).c_str()
+                    : "start values");
+    if (!opened.hasPage) {
+        PrintLog(session, boxes);
+        std::string why = pageClass.empty() ? "" : " (" + pageClass + ")";
+        if (pageClass.empty() && DependsOnSubType(chipType)) {
+            why = " with this sub-type; sub-types with a page:";
+            for (const CatalogEntry& entry : ChipCatalog())
+                if (entry.chipType == chipType)
+                    why += " " + std::to_string(entry.subType) + " (" + entry.className + ")";
+        }
+        std::fprintf(stderr, "error: regvane.dll gives no page for chip type %s%s\n",
+                     PageLabel(chipType, subType).c_str(), why.c_str());
+        return kExitNoPage;
+    }
+    const std::wstring picture = !options.screenshot.empty()
+                                     ? options.screenshot
+                                     : ProgramFolder() + L"..\\..\\screenshots\\page-" +
+                                           std::to_wstring(chipType) +
+                                           (subType ? L"-" + std::to_wstring(subType) : L"") + L".png";
+    return DriveAndPicture(session, frame, boxes, actions, store.FileFor(chipType, subType), picture);
+}
+
+int RunDescribed(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback) {
+    std::vector<ScriptAction> actions;
+    if (!LoadScript(options, actions))
+        return kExitBadCommandLine;
+    ChipStore store(options.profile);
+    PageSession session(module, callback);
+    HeadlessFrame frame(session);
+    MessageBoxAnswerer boxes;
+    std::string problem;
+    const PageSession::Opened opened =
+        session.OpenDescription(options.describe, frame.View(), &store, options.reset, problem);
+    if (!opened.hasPage) {
+        PrintLog(session, boxes);
+        std::fprintf(stderr, "error: %s\n", problem.c_str());
+        return kExitDescriptionUnusable;
+    }
+    const SimulatedChip& chip = session.Chip();
+    std::printf("description %s: %s on %s\n", DisplayPath(FullPath(options.describe)).c_str(),
+                session.PageClass().c_str(),
+                chip.chipType ? ("chip type " + PageLabel(chip.chipType, chip.chipSubType) + " (" +
+                                 chip.modelName + "), " + (opened.fromFile ? "saved images" : "start values"))
+                                    .c_str()
+                              : "a blank chip (the chip table has no such page class)");
+    const std::wstring picture = !options.screenshot.empty() ? options.screenshot
+                                                             : ProgramFolder() + L"..\\..\\screenshots\\" +
+                                                                   Wide(session.PageClass()) + L".png";
+    const std::wstring saved =
+        chip.chipType ? store.FileFor(chip.chipType, chip.chipSubType) : std::wstring();
+    return DriveAndPicture(session, frame, boxes, actions, saved, picture);
+}
+
+int CheckDescriptions(const WorkbenchOptions& options, HostModule& module) {
+    if (!module.RegvaneCheckDescription) {
+        std::fprintf(stderr, "error: this regvane.dll cannot check chip descriptions\n");
+        return kExitModuleUnusable;
+    }
+    int status = kExitDone;
+    for (const std::wstring& file : options.checkDescriptions) {
+        wchar_t problem[1024] = {};
+        if (module.RegvaneCheckDescription(file.c_str(), problem, 1024) == 0) {
+            std::printf("%s: ok\n", Utf8(file).c_str());
+        } else {
+            std::printf("%s\n", Utf8(problem).c_str());
+            status = kExitDescriptionUnusable;
+        }
+    }
     return status;
 }
 
@@ -249,7 +312,7 @@ int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHo
         session.Close();
         PumpMessages();
         for (const std::wstring& box : boxes.TakeAnswered())
-            std::printf("      the page showed a message box, answered with OK: %s\n", Utf8(box).c_str());
+            std::printf("      the page showed a %s\n", Utf8(box).c_str());
         session.TakeLog();
         pictures.push_back(std::move(picture));
     }

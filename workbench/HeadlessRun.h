@@ -10,9 +10,20 @@
 // writes the page's picture. Returns a WorkbenchExit.
 int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback);
 
+// The designer without a window: opens the page options.describe renders, runs the script, prints
+// and writes the picture. Returns a WorkbenchExit.
+int RunDescribed(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback);
+
+// --check-description: "FILE: ok" or "FILE:LINE: reason" for each file; kExitDone when all are usable.
+int CheckDescriptions(const WorkbenchOptions& options, HostModule& module);
+
 // A picture of every chip page (or of options.onlyTypes) in options.allPagesFolder, with an
 // index.html to see them side by side. Returns a WorkbenchExit.
 int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback);
+
+// Writes the picture of a page to path (made absolute, its folder created) and prints where it went,
+// or prints why not. True when the picture was written.
+bool WritePagePicture(HWND page, const std::wstring& path);
 
 // --list: every chip page the workbench knows.
 void PrintChipList();

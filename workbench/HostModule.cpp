@@ -27,6 +27,9 @@ std::string HostModule::Load() {
     RegvaneLanguageChanged = reinterpret_cast<RegvaneLanguageChangedFn>(find("RegvaneLanguageChanged"));
     CreateRegvaneHwnd = reinterpret_cast<CreateRegvaneHwndFn>(find("CreateRegvaneHwnd"));
     RegvaneDialogClassName = reinterpret_cast<RegvaneDialogClassNameFn>(find("RegvaneDialogClassName"));
+    RegvaneCheckDescription = reinterpret_cast<RegvaneCheckDescriptionFn>(find("RegvaneCheckDescription"));
+    RegvaneCreateDescribedPage =
+        reinterpret_cast<RegvaneCreateDescribedPageFn>(find("RegvaneCreateDescribedPage"));
     std::string missing;
     if (!InitRegvane)
         missing += " InitRegvane";

@@ -1,6 +1,7 @@
 // regvane.dll as the host suite loads it: by path with LoadLibraryW, entry points by plain name.
 #pragma once
 
+#include "host/RegvaneDesignerExports.h"
 #include "host/RegvaneExports.h"
 
 #include <string>
@@ -12,6 +13,9 @@ struct HostModule {
     RegvaneLanguageChangedFn RegvaneLanguageChanged = nullptr;
     CreateRegvaneHwndFn CreateRegvaneHwnd = nullptr;
     RegvaneDialogClassNameFn RegvaneDialogClassName = nullptr; // optional: only for showing class names
+    // Optional: the chip-description designer's entry points.
+    RegvaneCheckDescriptionFn RegvaneCheckDescription = nullptr;
+    RegvaneCreateDescribedPageFn RegvaneCreateDescribedPage = nullptr;
 
     // Loads the module beside the workbench; the reason when it cannot be used, else empty.
     std::string Load();

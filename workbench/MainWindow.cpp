@@ -289,22 +289,9 @@ void MainWindow::OpenSelected() {
     OpenPage(entry->chipType, static_cast<int>(GetDlgItemInt(m_window, kSubTypeId, nullptr, FALSE)));
 }
 
-bool MainWindow::OpenPage(int chipType, int subType, bool reset) {
-    AppendLog(m_session.TakeLog());
-    const PageSession::Opened opened = m_session.Open(chipType, subType, m_view, &m_store, reset);
-    m_openType = chipType;
-    m_openSubType = subType;
-    SetDlgItemInt(m_window, kSubTypeId, static_cast<UINT>(subType), FALSE);
-    std::string label = ChipTypeLabel(chipType);
-    if (subType)
-        label.append(1, '/').append(std::to_string(subType));
-    AppendLog({"---- chip type " + label + ": " + (opened.hasPage ? m_session.PageClass() : "no page") +
-               " (" + m_session.Chip().modelName + "), " +
-               (opened.fromFile ? "saved images" : "start values")});
-    if (!opened.warning.empty())
-        MessageBoxW(m_window, Wide(opened.warning).c_str(), L"RegvaneWorkbench", MB_OK | MB_ICONWARNING);
+void MainWindow::FitToPage() {
     m_pageSize = {0, 0};
-    if (opened.hasPage) {
+    if (m_session.Page()) {
         RECT rect{};
         GetWindowRect(m_session.Page(), &rect);
         m_pageSize = {rect.right - rect.left, rect.bottom - rect.top};
@@ -325,15 +312,99 @@ bool MainWindow::OpenPage(int chipType, int subType, bool reset) {
         SetWindowPos(m_window, nullptr, 0, 0, newWidth, newHeight, SWP_NOMOVE | SWP_NOZORDER);
     }
     Layout();
-    SelectRow(chipType, subType);
-    EnableWindow(m_rereadButton, opened.hasPage);
+    EnableWindow(m_rereadButton, m_session.Page() != nullptr);
     m_shownChange = ~0u;
     Refresh();
+}
+
+bool MainWindow::OpenPage(int chipType, int subType, bool reset) {
+    m_describedPath.clear();
+    AppendLog(m_session.TakeLog());
+    const PageSession::Opened opened = m_session.Open(chipType, subType, m_view, &m_store, reset);
+    m_openType = chipType;
+    m_openSubType = subType;
+    SetDlgItemInt(m_window, kSubTypeId, static_cast<UINT>(subType), FALSE);
+    std::string label = ChipTypeLabel(chipType);
+    if (subType)
+        label.append(1, '/').append(std::to_string(subType));
+    AppendLog({"---- chip type " + label + ": " + (opened.hasPage ? m_session.PageClass() : "no page") +
+               " (" + m_session.Chip().modelName + "), " +
+               (opened.fromFile ? "saved images" : "start values")});
+    if (!opened.warning.empty())
+        MessageBoxW(m_window, Wide(opened.warning).c_str(), L"RegvaneWorkbench", MB_OK | MB_ICONWARNING);
+    FitToPage();
+    SelectRow(chipType, subType);
     SetStatus("Chip type " + label +
-              (opened.hasPage ? ": " + m_session.PageClass() : ": regvane.dll gives no page") +
-              "  -  saved in " + DisplayPath(m_store.FileFor(chipType, subType)));
+              (opened.hasPage ? ": " + m_session.PageClass() : ": regvane.dll gives no page") + " (" +
+              m_session.ChipDescription() + ")" + "  -  saved in " +
+              DisplayPath(m_store.FileFor(chipType, subType)));
     SaveSettings();
     return opened.hasPage;
+}
+
+namespace {
+
+// A file's last write time and size: when either moves, the file changed.
+std::pair<std::uint64_t, std::uint64_t> FileVersion(const std::wstring& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data))
+        return {0, 0};
+    return {(std::uint64_t{data.ftLastWriteTime.dwHighDateTime} << 32) | data.ftLastWriteTime.dwLowDateTime,
+            (std::uint64_t{data.nFileSizeHigh} << 32) | data.nFileSizeLow};
+}
+
+constexpr UINT_PTR kDescriptionTimer = 1;
+constexpr UINT kDescriptionPollMs = 500;
+
+} // namespace
+
+bool MainWindow::OpenDescription(const std::wstring& path) {
+    AppendLog(m_session.TakeLog());
+    m_describedPath = path;
+    m_describedVersion = FileVersion(path);
+    SetTimer(m_window, kDescriptionTimer, kDescriptionPollMs, nullptr);
+    std::string problem;
+    const PageSession::Opened opened = m_session.OpenDescription(path, m_view, &m_store, false, problem);
+    if (!problem.empty()) {
+        AppendLog(m_session.TakeLog());
+        AppendLog({"description " + DisplayPath(path) + " cannot be used: " + problem});
+        SetStatus(problem + (opened.hasPage ? "  -  the last good page stays" : ""));
+        return opened.hasPage;
+    }
+    const SimulatedChip& chip = m_session.Chip();
+    m_openType = chip.chipType;
+    m_openSubType = chip.chipSubType;
+    AppendLog({"---- description " + DisplayPath(path) + ": " + m_session.PageClass() +
+               (chip.chipType ? " on chip type " + ChipTypeLabel(chip.chipType) + " (" + chip.modelName + ")"
+                              : " on a blank chip")});
+    FitToPage();
+    SetStatus("Description " + DisplayPath(path) + ": " + m_session.PageClass() +
+              "  -  drawn again whenever the file changes");
+    return opened.hasPage;
+}
+
+void MainWindow::CheckDescriptionChanged() {
+    if (m_describedPath.empty())
+        return;
+    const auto version = FileVersion(m_describedPath);
+    if (version == m_describedVersion)
+        return;
+    m_describedVersion = version;
+    OpenDescription(m_describedPath);
+}
+
+void MainWindow::ChooseDescription() {
+    wchar_t file[MAX_PATH] = {};
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = m_window;
+    dialog.lpstrFilter = L"Chip descriptions (*.desc)\0*.desc\0All files (*.*)\0*.*\0";
+    dialog.lpstrFile = file;
+    dialog.nMaxFile = MAX_PATH;
+    dialog.lpstrTitle = L"Open a chip description";
+    dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY;
+    if (GetOpenFileNameW(&dialog))
+        OpenDescription(file);
 }
 
 void MainWindow::SetLanguage(int index) {
@@ -346,7 +417,9 @@ void MainWindow::SetLanguage(int index) {
                "): RegvaneLanguageChanged called"});
     SaveSettings();
     // Pages take their texts when they open: the open page opens again in the new language.
-    if (m_session.IsOpen())
+    if (!m_describedPath.empty())
+        OpenDescription(m_describedPath);
+    else if (m_session.IsOpen())
         OpenPage(m_openType, m_openSubType);
 }
 
@@ -478,14 +551,19 @@ void MainWindow::OnCommand(UINT id, UINT code) {
                         L"RegvaneWorkbench", MB_OKCANCEL | MB_ICONQUESTION) == IDOK) {
             OpenPage(m_openType, m_openSubType, true);
             // The start values become the saved chip at once, so the reset outlives the program.
-            if (const std::string error = m_store.Save(m_session.Chip()); !error.empty())
+            if (const std::string error = m_store.Save(m_session.Chip(), m_openType, m_openSubType);
+                !error.empty())
                 SetStatus("The chip was not saved: " + error);
         }
         break;
     case IDM_SCREENSHOT:
         SavePicture();
         break;
+    case IDM_OPEN_DESCRIPTION:
+        ChooseDescription();
+        break;
     case IDM_CLOSE_PAGE:
+        m_describedPath.clear();
         m_session.Close();
         m_pageSize = {0, 0};
         EnableWindow(m_rereadButton, FALSE);
@@ -548,6 +626,10 @@ LRESULT MainWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CREATE:
         CreateControls();
         return 0;
+    case WM_TIMER:
+        if (wParam == kDescriptionTimer)
+            CheckDescriptionChanged();
+        return 0;
     case WM_SIZE:
         Layout();
         return 0;
@@ -594,7 +676,9 @@ int RunWindow(const WorkbenchOptions& options, HostModule& module, SimulatedHost
     const int chipType = options.chipType ? *options.chipType : ReadSetting(settings, "type", 47);
     const int subType = options.chipType ? options.subType : ReadSetting(settings, "subtype", 0);
     int status = kExitDone;
-    if (window.OpenPage(chipType, subType, options.reset)) {
+    const bool opened = options.describe.empty() ? window.OpenPage(chipType, subType, options.reset)
+                                                 : window.OpenDescription(options.describe);
+    if (opened) {
         // A script given with the window runs where everyone can watch it.
         for (const ScriptAction& action : actions) {
             window.Session().Note("> " + action.written + "    (" + action.where + ")");
@@ -607,6 +691,9 @@ int RunWindow(const WorkbenchOptions& options, HostModule& module, SimulatedHost
             PumpMessages();
             window.Refresh();
         }
+        if (!options.screenshot.empty() && !WritePagePicture(window.Session().Page(), options.screenshot) &&
+            status == kExitDone)
+            status = kExitScreenshotFailed;
     }
 
     MSG message;

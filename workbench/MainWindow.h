@@ -10,7 +10,9 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 class MainWindow {
@@ -30,6 +32,10 @@ public:
 
     // Opens the page of a chip; the reason when it has none.
     bool OpenPage(int chipType, int subType, bool reset = false);
+    // The designer: opens the page a chip description renders and draws it again whenever the file
+    // changes; a file that cannot be used is reported in the log and the status bar, and the last
+    // good page stays. False when no page could be opened.
+    bool OpenDescription(const std::wstring& path);
     PageSession& Session() { return m_session; }
 
 private:
@@ -49,6 +55,9 @@ private:
     const CatalogEntry* SelectedEntry() const;
     void SelectRow(int chipType, int subType);
     void SaveSettings() const;
+    void FitToPage();
+    void ChooseDescription();
+    void CheckDescriptionChanged();
 
     HostModule& m_module;
     SimulatedHostCallback& m_callback;
@@ -79,6 +88,9 @@ private:
     HFONT m_monoFont = nullptr;
     HACCEL m_accelerators = nullptr;
     SIZE m_pageSize{0, 0};
+    // The description the designer shows, and the version of the file it last drew.
+    std::wstring m_describedPath;
+    std::pair<std::uint64_t, std::uint64_t> m_describedVersion{0, 0};
 };
 
 // The window mode of the workbench: runs until the window closes. Returns a WorkbenchExit.

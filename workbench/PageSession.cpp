@@ -3,8 +3,31 @@
 #include "workbench/ChipCatalog.h"
 #include "workbench/ChipPresets.h"
 #include "workbench/ChipSaveFile.h"
+#include "workbench/Win32Text.h"
+
+#include "descriptions/ChipDescription.h"
 
 #include <cstdio>
+
+namespace {
+
+// The page class a description file names; empty when the file does not parse.
+std::string DescribedClass(const std::wstring& path) {
+    HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                              OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return {};
+    std::string text(chipdesc::kMaxDescriptionBytes, '\0');
+    DWORD read = 0;
+    ReadFile(file, text.data(), static_cast<DWORD>(text.size()), &read, nullptr);
+    CloseHandle(file);
+    text.resize(read);
+    const chipdesc::ParseResult parsed = chipdesc::Parse(text, {});
+    const auto* description = std::get_if<chipdesc::Description>(&parsed);
+    return description ? description->page.className : std::string();
+}
+
+} // namespace
 
 void PumpMessages() {
     MSG message;
@@ -21,18 +44,18 @@ PageSession::~PageSession() {
     Close();
 }
 
-PageSession::Opened PageSession::Open(int chipType, int subType, HWND view, const ChipStore* store,
-                                      bool reset) {
+void PageSession::SetUpChip(int chipType, int subType, const ChipStore* store, bool reset, Opened& opened) {
     Close();
     CollectCalls();
-    Opened opened;
     m_chip = std::make_unique<SimulatedChip>();
     m_chipLogRead = 0;
     SetUpSimulatedChip(*m_chip, chipType, subType);
     m_chip->OfferChipFunctions();
+    m_pageType = chipType;
+    m_pageSubType = subType;
     m_store = store;
     if (store && !reset) {
-        const ChipStore::Loaded loaded = store->Load(*m_chip);
+        const ChipStore::Loaded loaded = store->Load(*m_chip, chipType, subType);
         opened.fromFile = loaded.fromFile;
         opened.warning = loaded.warning;
         if (!loaded.warning.empty())
@@ -41,13 +64,59 @@ PageSession::Opened PageSession::Open(int chipType, int subType, HWND view, cons
     m_savedText = FormatChipSaveFile(*m_chip);
     m_now = m_beforeLastChange = TakeSnapshot(*m_chip);
     ++m_changeCount;
+}
 
+void PageSession::ShowPage() {
+    if (!m_page)
+        return;
+    SetWindowPos(m_page, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    ShowWindow(m_page, SW_SHOW);
+}
+
+PageSession::Opened PageSession::Open(int chipType, int subType, HWND view, const ChipStore* store,
+                                      bool reset) {
+    Opened opened;
+    SetUpChip(chipType, subType, store, reset, opened);
     m_page = m_module.CreateRegvaneHwnd(chipType, m_chip.get(), caption.c_str(), view);
     opened.hasPage = m_page != nullptr;
-    if (m_page) {
-        SetWindowPos(m_page, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-        ShowWindow(m_page, SW_SHOW);
+    ShowPage();
+    return opened;
+}
+
+PageSession::Opened PageSession::OpenDescription(const std::wstring& path, HWND view, const ChipStore* store,
+                                                 bool reset, std::string& problem) {
+    Opened opened;
+    if (!m_module.RegvaneCheckDescription || !m_module.RegvaneCreateDescribedPage) {
+        problem = "this regvane.dll has no chip-description designer";
+        return opened;
     }
+    wchar_t text[1024] = {};
+    if (m_module.RegvaneCheckDescription(path.c_str(), text, 1024) != 0) {
+        problem = Utf8(text);
+        opened.hasPage = m_page != nullptr;
+        return opened;
+    }
+    const std::string className = DescribedClass(path);
+    const CatalogEntry* entry = nullptr;
+    for (const CatalogEntry& row : ChipCatalog())
+        if (!entry && row.className == className)
+            entry = &row;
+    if (m_chip && !reset && className == m_describedClass) {
+        // The same page class drawn again: the chip keeps its bytes.
+        if (m_page && IsWindow(m_page))
+            DestroyWindow(m_page);
+        m_page = nullptr;
+        AfterChange();
+    } else {
+        SetUpChip(entry ? entry->chipType : 0, entry ? entry->subType : 0, entry ? store : nullptr, reset,
+                  opened);
+        m_describedClass = className;
+    }
+    m_page =
+        m_module.RegvaneCreateDescribedPage(path.c_str(), m_chip.get(), caption.c_str(), view, text, 1024);
+    problem = Utf8(text);
+    opened.hasPage = m_page != nullptr;
+    ShowPage();
     return opened;
 }
 
@@ -61,13 +130,25 @@ void PageSession::Close() {
     }
     m_chip.reset();
     m_store = nullptr;
+    m_describedClass.clear();
 }
 
 std::string PageSession::PageClass() const {
     if (m_page && m_module.RegvaneDialogClassName)
         if (const char* name = m_module.RegvaneDialogClassName(m_page))
             return name;
-    return m_chip ? PageClassFor(m_chip->chipType, m_chip->chipSubType) : "";
+    return m_chip ? PageClassFor(m_pageType, m_pageSubType) : "";
+}
+
+std::string PageSession::ChipDescription() const {
+    if (!m_chip)
+        return "";
+    if (m_pageType <= 0xFFFF)
+        return m_chip->modelName;
+    if (!m_chip->chipType)
+        return m_chip->modelName + ", no numbered chip type";
+    return m_chip->modelName + " of chip type " + ChipTypeLabel(m_chip->chipType) +
+           (m_chip->chipSubType ? "/" + std::to_string(m_chip->chipSubType) : "");
 }
 
 void PageSession::CollectCalls() {
@@ -116,7 +197,7 @@ std::string PageSession::AfterChange() {
     std::string text = FormatChipSaveFile(*m_chip);
     if (text == m_savedText)
         return {};
-    std::string error = m_store->Save(*m_chip);
+    std::string error = m_store->Save(*m_chip, m_pageType, m_pageSubType);
     if (error.empty())
         m_savedText = std::move(text);
     else

@@ -33,6 +33,13 @@ public:
     // Sets up the chip with its start values, then (with a store, unless reset) what was saved for
     // it, and asks the module for its page as a child of view. The page is shown.
     Opened Open(int chipType, int subType, HWND view, const ChipStore* store, bool reset);
+    // The designer: the page a chip description file renders, on the chip of the page class the file
+    // describes (the chip table's first page of that class, with what the store saved for it), or on
+    // a blank chip for a class the table does not list. Opening a description of the same class again
+    // keeps the chip and its bytes. A file that cannot be used leaves everything as it was; problem
+    // then says "file:line: reason".
+    Opened OpenDescription(const std::wstring& path, HWND view, const ChipStore* store, bool reset,
+                           std::string& problem);
     void Close();
 
     HWND Page() const { return m_page; }
@@ -40,6 +47,9 @@ public:
     SimulatedChip& Chip() { return *m_chip; }
     // The page's class as the module names it ("CRegvaneMbi5153").
     std::string PageClass() const;
+    // The chip behind the page: "MBI5153"; for a page of the extended range also the chip type it
+    // runs on ("ICN2055 of chip type 193").
+    std::string ChipDescription() const;
     // The caption a host passes; empty lets the page keep its own title.
     std::wstring caption;
 
@@ -64,10 +74,18 @@ public:
     void SendReread();
 
 private:
+    // A new simulated chip for a page of this type and sub-type, with what the store saved for it.
+    void SetUpChip(int chipType, int subType, const ChipStore* store, bool reset, Opened& opened);
+    void ShowPage();
+
     HostModule& m_module;
     SimulatedHostCallback& m_callback;
     std::unique_ptr<SimulatedChip> m_chip;
+    std::string m_describedClass; // the class of the open description; empty for a numbered page
     const ChipStore* m_store = nullptr;
+    // The number the page was asked for, which names its save file.
+    int m_pageType = 0;
+    int m_pageSubType = 0;
     HWND m_page = nullptr;
     std::size_t m_chipLogRead = 0;
     std::size_t m_callbackLogRead = 0;

@@ -7,24 +7,38 @@
 const char* const kWorkbenchUsage =
     R"(RegvaneWorkbench: plays the host for regvane.dll, with simulated chips.
 
-  RegvaneWorkbench [--type N [--subtype S]] [--language L]     the window
+  RegvaneWorkbench [--type N [--subtype S]] [--language L] [--script FILE] [--do "ACTIONS"] [--screenshot FILE.png]
+                                                                 the window
   RegvaneWorkbench --headless --type N [--subtype S] [--script FILE] [--do "ACTIONS"] [--screenshot FILE.png]
   RegvaneWorkbench --all-pages FOLDER [--types N,N,...]          a picture of every chip page
   RegvaneWorkbench --list                                        every chip page: type, class, chip
+  RegvaneWorkbench [--headless] --describe FILE.desc [--do "ACTIONS"] [--screenshot FILE.png]
+                                                                 the page a chip description renders
+  RegvaneWorkbench --check-description FILE.desc...              checks chip descriptions
 
   --type N          chip type number, e.g. 47 or 65536+4
   --subtype S       the chip's sub-type (chooses the page for 4, 5, 6, 9, 11, 13, 46, 47, 67, 91, 129, 349)
   --script FILE     operator actions, one a line: slider ID POS | click ID | check ID on|off |
                     combo ID INDEX | combo ID "text" | edit ID TEXT | reread | poke IMAGE OFFSET BYTE...
   --do "ACTIONS"    the same actions on the command line, separated by ';'
-  --screenshot F    where --headless writes the page's picture (default: screenshots\page-N.png
-                    two folders above the program)
+  --screenshot F    where the page's picture goes: --headless writes it after the actions (default:
+                    screenshots\page-N.png two folders above the program), the window once the page
+                    opened and the actions ran
   --profile DIR     where simulated chips are saved (default: %APPDATA%\Regvane\Workbench)
   --reset           start the chip from its start values
   --language L      1..13, the host's language index (3 = English, 1 = Simplified Chinese)
+  --describe FILE   the designer: opens the page a chip description renders on the simulated chip of
+                    the class it describes, and draws it again whenever the file changes (the chip
+                    keeps its bytes); a mistake shows in the log with file, line and reason
+  --check-description FILE...
+                    prints "FILE: ok" or "FILE:LINE: reason" for each chip description
+
+Headless runs answer a message box with OK, and a file dialog with the file name it proposes in the
+working folder (or cancel it when it proposes none).
 
 Exit status: 0 done, 1 bad command line or script, 2 regvane.dll unusable, 3 no page for the chip,
-4 an action could not be carried out, 5 a screenshot could not be written.
+4 an action could not be carried out, 5 a screenshot could not be written, 6 a chip description
+cannot be used.
 )";
 
 namespace {
@@ -136,6 +150,15 @@ ParsedOptions ParseOptions(const std::vector<std::wstring>& args) {
                 o.onlyTypes.push_back(*type);
                 start = comma + 1;
             }
+        } else if (arg == L"--describe") {
+            if (!hasValue)
+                return needsValue("a chip description file");
+            o.describe = value();
+        } else if (arg == L"--check-description") {
+            while (i + 1 < args.size() && args[i + 1].rfind(L"--", 0) != 0)
+                o.checkDescriptions.push_back(value());
+            if (o.checkDescriptions.empty())
+                return needsValue("chip description files");
         } else if (arg == L"--profile") {
             if (!hasValue)
                 return needsValue("a folder");
@@ -149,7 +172,10 @@ ParsedOptions ParseOptions(const std::vector<std::wstring>& args) {
             "--all-pages takes every page as it starts; it does not go with --type, --script or --do");
     if (o.allPagesFolder.empty() && !o.onlyTypes.empty())
         return fail("--types only limits --all-pages");
-    if (o.headless && !o.chipType && o.allPagesFolder.empty())
-        return fail("--headless needs --type (for example --type 47)");
+    if (!o.describe.empty() && (o.chipType || !o.allPagesFolder.empty()))
+        return fail(
+            "--describe opens the chip a description names; it does not go with --type or --all-pages");
+    if (o.headless && !o.chipType && o.allPagesFolder.empty() && o.describe.empty())
+        return fail("--headless needs --type (for example --type 47) or --describe");
     return parsed;
 }

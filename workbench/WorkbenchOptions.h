@@ -19,6 +19,8 @@ struct WorkbenchOptions {
     std::wstring profile;       // where chips persist; empty: %APPDATA%\Regvane\Workbench
     int language = 0;           // 1..13; 0: the saved or default language
     bool reset = false;         // start the chip from its start values, forgetting what was saved
+    std::wstring describe;      // a chip description to open (the designer), redrawn when it changes
+    std::vector<std::wstring> checkDescriptions; // chip descriptions to check, then stop
 };
 
 // The workbench's exit status, as --help lists it.
@@ -29,6 +31,7 @@ enum WorkbenchExit {
     kExitNoPage = 3,
     kExitActionFailed = 4,
     kExitScreenshotFailed = 5,
+    kExitDescriptionUnusable = 6,
 };
 
 struct ParsedOptions {

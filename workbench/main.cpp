@@ -43,8 +43,12 @@ int wmain(int argc, wchar_t** argv) {
                 DisplayPath(module.path).c_str(), callback.language,
                 Utf8(LanguageDisplayName(callback.language)).c_str());
 
+    if (!options.checkDescriptions.empty())
+        return CheckDescriptions(options, module);
     if (!options.allPagesFolder.empty())
         return RunAllPages(options, module, callback);
+    if (options.headless && !options.describe.empty())
+        return RunDescribed(options, module, callback);
     if (options.headless)
         return RunScripted(options, module, callback);
     return RunWindow(options, module, callback);

@@ -113,6 +113,20 @@ CchipRegModify::Records CchipRegModify::ReadRecords() const {
     return records;
 }
 
+void CchipRegModify::ReadRecord(RawByteSource source, Record& record) const {
+    switch (source) {
+    case RawByteSource::Block:
+        m_chip->GetRegData(record.data());
+        break;
+    case RawByteSource::RecordA:
+        m_chip->GetRegDataEx(record.data());
+        break;
+    case RawByteSource::RecordB:
+        m_chip->GetRegData3(record.data());
+        break;
+    }
+}
+
 void CchipRegModify::WriteRecord(RawByteSource source, Record& record) const {
     switch (source) {
     case RawByteSource::Block:
@@ -151,9 +165,10 @@ void CchipRegModify::OnByteEdited(std::size_t field) {
     }
     if (!m_chip)
         return;
+    // Only the record the byte belongs to goes to and from the host.
     const RawByteField& where = kRawByteFields[field];
-    Records records = ReadRecords();
-    Record& record = records.Of(where.source);
+    Record record{};
+    ReadRecord(where.source, record);
     record[where.byte] = *value;
     WriteRecord(where.source, record);
     NotifyIfChanged();

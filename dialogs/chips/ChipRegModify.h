@@ -40,6 +40,7 @@ private:
     };
 
     Records ReadRecords() const;
+    void ReadRecord(RawByteSource source, Record& record) const;
     void WriteRecord(RawByteSource source, Record& record) const;
     void Refresh();
     void OnByteEdited(std::size_t field);

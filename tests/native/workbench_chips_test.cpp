@@ -119,6 +119,34 @@ TEST(WorkbenchChips, StartValuesFollowTheChipsLayout) {
     EXPECT_EQ(icnd3065.regData[3], 0x3F);
 }
 
+// A host hands an extended page the chip it extends: the chip named by the page's class.
+TEST(WorkbenchChips, AnExtendedPageRunsOnTheChipItExtends) {
+    const struct {
+        int page;
+        std::uint16_t type, subType;
+    } cases[] = {
+        {65536 + 13, 193, 0}, // CRegvaneICN2055EX: the ICN2055, whose numbered page is CRegvaneICN2055Basic
+        {65536 + 15, 179, 0}, // CRegvaneFM6126EX
+        {65536 + 71, 4, 312}, // CRegvaneRT5938Ex: type 4 gives the RT5938 page for sub-type 312
+        {65536 + 57, 292, 0}, // CRegvaneICND2165Ex: no page of its own; its parameter files go by 292
+        {65536 + 0, 0, 0},    // the raw register editor belongs to no chip
+        {65536 + 1, 0, 0},    // CChip5153Extension: no numbered page names a "5153"
+    };
+    for (const auto& c : cases) {
+        SimulatedChip chip;
+        SetUpSimulatedChip(chip, c.page, 0);
+        EXPECT_EQ(chip.chipType, c.type) << c.page;
+        EXPECT_EQ(chip.chipSubType, c.subType) << c.page;
+    }
+    EXPECT_EQ(ExtendedPageBase(193), nullptr);
+
+    // Pages with a parameter table start from one with a value in every cell.
+    SimulatedChip table;
+    SetUpSimulatedChip(table, 65536 + 13, 0);
+    EXPECT_EQ(std::count(table.regData2.begin(), table.regData2.end(), 0), 0);
+    EXPECT_EQ(std::count(table.regDataEx.begin(), table.regDataEx.begin() + 15, 0), 0);
+}
+
 TEST(WorkbenchChips, OfferedFunctionsAreLoggedAndAnswerWithTheChipsResult) {
     SimulatedChip chip;
     EXPECT_EQ(chip.functionTable.entries[93], nullptr); // tests that want "not offered" get it by default

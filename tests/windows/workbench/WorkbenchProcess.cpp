@@ -83,7 +83,7 @@ std::vector<std::wstring> TempFolder::Files(const std::wstring& pattern) const {
     return names;
 }
 
-WorkbenchRun RunWorkbench(const std::wstring& arguments) {
+WorkbenchRun RunWorkbench(const std::wstring& arguments, const std::wstring& workingFolder) {
     TempFolder outputs;
     const std::wstring outPath = outputs.File(L"out.txt"), errPath = outputs.File(L"err.txt");
     HANDLE out = InheritableFile(outPath), err = InheritableFile(errPath);
@@ -95,8 +95,8 @@ WorkbenchRun RunWorkbench(const std::wstring& arguments) {
     startup.hStdError = err;
     std::wstring commandLine = L"\"" + ProgramFolder() + L"RegvaneWorkbench.exe\" " + arguments;
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
-                        &process))
+    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                        workingFolder.empty() ? nullptr : workingFolder.c_str(), &startup, &process))
         throw std::runtime_error("RegvaneWorkbench.exe did not start");
     CloseHandle(out);
     CloseHandle(err);

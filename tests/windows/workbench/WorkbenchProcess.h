@@ -31,8 +31,9 @@ private:
     std::wstring m_path;
 };
 
-// Runs the workbench beside the test program with these arguments (quoted as given).
-WorkbenchRun RunWorkbench(const std::wstring& arguments);
+// Runs the workbench beside the test program with these arguments (quoted as given), in the
+// working folder given (the test's own when empty).
+WorkbenchRun RunWorkbench(const std::wstring& arguments, const std::wstring& workingFolder = L"");
 
 std::string ReadFileBytes(const std::wstring& path);
 void WriteFileBytes(const std::wstring& path, const std::string& bytes);
