@@ -308,16 +308,36 @@ struct PageToCheck {
     int registerKind; // the host's register kind: it shows and renames the raw editor's controls
 };
 
-// One page of every class with texts of its own. The generic pages are the raw register editor
-// under their own template numbers, with its texts: the editor stands for them, under every register
-// kind a host can give, since each kind shows other controls and names them differently.
-std::vector<PageToCheck> PagesToCheck() {
+// The page classes the module ships a chip description for: their pages are laid out from it, with
+// the description's texts, whatever their row of the chip-type table says.
+std::set<std::wstring> DescribedClasses(HMODULE module) {
+    std::set<std::wstring> classes;
+    EnumResourceNamesW(
+        module, L"CHIPDESC",
+        [](HMODULE, LPCWSTR, LPWSTR name, LONG_PTR found) -> BOOL {
+            if (!IS_INTRESOURCE(name))
+                reinterpret_cast<std::set<std::wstring>*>(found)->insert(name);
+            return TRUE;
+        },
+        reinterpret_cast<LONG_PTR>(&classes));
+    return classes;
+}
+
+// One page of every class with texts of its own: the custom and the described pages. The other
+// generic pages are the raw register editor under their own template numbers, with its texts: the
+// editor stands for them, under every register kind a host can give, since each kind shows other
+// controls and names them differently.
+std::vector<PageToCheck> PagesToCheck(HMODULE module) {
     constexpr int kRegisterKinds = 12;
+    const std::set<std::wstring> described = DescribedClasses(module); // resource names: upper case
     std::vector<PageToCheck> pages;
     std::set<std::string> seen;
     for (const CatalogEntry& row : ChipCatalog()) {
+        std::wstring upperName = Wide(row.className);
+        CharUpperW(upperName.data());
         const ChipClassInfo* info = FindChipClass(row.className);
-        if (!info || !info->custom || !seen.insert(row.className).second)
+        const bool ownTexts = info && (info->custom || described.count(upperName));
+        if (!ownTexts || !seen.insert(row.className).second)
             continue;
         if (row.className == "CchipRegModify") {
             for (int kind = 1; kind <= kRegisterKinds; ++kind)
@@ -337,7 +357,7 @@ TEST_P(TranslatedLabels, FitTheirControlsOnEveryPage) {
     RegvaneLibrary& lib = RegvaneLibrary::Get();
     HostFrame host;
     int checked = 0;
-    for (const PageToCheck& check : PagesToCheck()) {
+    for (const PageToCheck& check : PagesToCheck(lib.module)) {
         SimulatedChip chip;
         SetUpSimulatedChip(chip, check.row.chipType, check.row.subType);
         if (check.registerKind)
