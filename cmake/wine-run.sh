@@ -19,10 +19,18 @@ wineserver=/usr/lib/wine/wineserver
 mkdir -p "$(dirname "$WINEPREFIX")"
 (
   flock 9
-  if [[ ! -f "$WINEPREFIX/.regvane-ready-2" ]]; then
+  if [[ ! -f "$WINEPREFIX/.regvane-ready-3" ]]; then
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX/drive_c/windows/Fonts"
     cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+    # Thai pages: Windows' Tahoma has Thai letters, Wine's has none. A font linked to Tahoma does
+    # not help here (Wine draws Thai as glyph numbers of Tahoma itself), so Tahoma gets the Thai
+    # letters of Loma, the TLWG sans made for screens.
+    thai=/usr/share/fonts/truetype/tlwg/Loma.ttf
+    if [[ -f $thai ]]; then
+      /usr/bin/python3 "$(dirname "$0")/tahoma-with-thai.py" /usr/share/wine/fonts/tahoma.ttf "$thai" \
+        "$WINEPREFIX/drive_c/windows/Fonts/tahoma.ttf"
+    fi
     cjk=/usr/share/fonts/truetype/wqy/wqy-microhei.ttc
     [[ -f $cjk ]] && cp "$cjk" "$WINEPREFIX/drive_c/windows/Fonts/"
     "$wine" wineboot -i >/dev/null 2>&1 || true
@@ -36,7 +44,7 @@ mkdir -p "$(dirname "$WINEPREFIX")"
     # No window manager under Xvfb: without this, destroying a shown window waits for one.
     "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d N /f >/dev/null 2>&1
     "$wineserver" -w
-    touch "$WINEPREFIX/.regvane-ready-2"
+    touch "$WINEPREFIX/.regvane-ready-3"
   fi
   # Start the session's wineserver with its output detached: it outlives this program, and a
   # wineserver holding the caller's stderr makes ctest wait for it after every test.

@@ -8,6 +8,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kListId = RV_PARAM_TABLE_LIST;
@@ -33,11 +35,15 @@ std::unique_ptr<RegisterParamTable> MakeTable(ParamTableKind kind, IRegvane* chi
     }
 }
 
-void AddColumn(HWND list, int index, const std::wstring& title, int width) {
+// A column is at least wide enough for its title between the header's margins: a title, translated
+// or not, is never cut short to "...".
+void AddColumn(HWND list, int index, const std::wstring& title, int minimumWidth) {
+    HWND header = ListView_GetHeader(list);
+    const int margins = header ? 2 * Header_GetBitmapMargin(header) : 0;
     LVCOLUMNW column{};
     column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
     column.fmt = LVCFMT_LEFT;
-    column.cx = width;
+    column.cx = std::max(minimumWidth, ListView_GetStringWidth(list, title.c_str()) + margins);
     column.pszText = const_cast<wchar_t*>(title.c_str());
     ::SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column));
 }

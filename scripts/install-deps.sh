@@ -5,7 +5,7 @@ set -euo pipefail
 packages=(
   cmake ninja-build g++ googletest libgtest-dev libbenchmark-dev
   g++-mingw-w64-x86-64-posix mingw-w64-tools libz-mingw-w64-dev
-  wine64 xvfb xauth fonts-wine fonts-wqy-microhei x11-apps imagemagick
+  wine64 xvfb xauth fonts-wine fonts-wqy-microhei fonts-thai-tlwg python3-fonttools x11-apps imagemagick
   zlib1g-dev clang-14 libclang-rt-14-dev
 )
 missing=()
