@@ -199,25 +199,23 @@ void CDescribedPage::OnInitControls() {
 }
 
 // The layout of a description in the language and the font in use. Measuring every text is most of
-// what laying out costs, so a plan is made once and reused by every page of the class until the
-// language or the font changes.
+// what laying out costs, so each description keeps its latest plan, which every page of the class
+// reuses until the language or the font changes.
 const LayoutPlan& CDescribedPage::Plan(HFONT font) const {
-    struct Key {
-        const chipdesc::Description* description;
+    struct Cached {
+        std::shared_ptr<const chipdesc::Description> description; // keeps the key's address in use
         std::wstring language;
-        int baseX, baseY;
-        auto operator<=>(const Key&) const = default;
+        int baseX = 0, baseY = 0;
+        LayoutPlan plan;
     };
-    static std::map<Key, std::pair<std::shared_ptr<const chipdesc::Description>, LayoutPlan>> plans;
+    static std::map<const chipdesc::Description*, Cached> plans;
     RECT units{0, 0, 4, 8};
     ::MapDialogRect(m_hWnd, &units);
-    Key key{m_description.get(), Translator().PrimaryPath() + L"|" + Translator().FallbackPath(), units.right,
-            units.bottom};
-    if (const auto found = plans.find(key); found != plans.end())
-        return found->second.second;
-    // Descriptions replaced in the folder leave their plans behind; a host never needs many.
-    if (plans.size() >= 64)
-        plans.clear();
+    std::wstring language = Translator().PrimaryPath() + L"|" + Translator().FallbackPath();
+    Cached& cached = plans[m_description.get()];
+    if (cached.description && cached.language == language && cached.baseX == units.right &&
+        cached.baseY == units.bottom)
+        return cached.plan;
     HDC dc = ::GetDC(m_hWnd);
     const HGDIOBJ oldFont = ::SelectObject(dc, font);
     LayoutTexts texts;
@@ -227,10 +225,11 @@ const LayoutPlan& CDescribedPage::Plan(HFONT font) const {
         ::GetTextExtentPoint32W(dc, text.data(), static_cast<int>(text.size()), &size);
         return static_cast<int>(size.cx);
     };
-    LayoutPlan plan = PlanLayout(*m_description, texts, {units.right, units.bottom});
+    cached = {m_description, std::move(language), units.right, units.bottom,
+              PlanLayout(*m_description, texts, {units.right, units.bottom})};
     ::SelectObject(dc, oldFont);
     ::ReleaseDC(m_hWnd, dc);
-    return plans.emplace(std::move(key), std::make_pair(m_description, std::move(plan))).first->second.second;
+    return cached.plan;
 }
 
 void CDescribedPage::CreateControls() {
