@@ -80,7 +80,7 @@ struct Field {
     int labelId = 0;
     Source source = Source::Block;
     Colours colours = Colours::None;
-    // One position for None and Equal-with-one-copy pages; kColourCount for the colour modes.
+    // One position for None; one per colour (red, green, blue) for the colour modes.
     std::vector<Position> positions;
     Coding coding = Coding::Plain;
     int codingArgument = 0;

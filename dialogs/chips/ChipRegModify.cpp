@@ -1,5 +1,7 @@
 #include "dialogs/chips/ChipRegModify.h"
 
+#include "dialogs/common/ChipDialog.h"
+#include "dialogs/common/HostRecords.h"
 #include "framework/ModuleInstance.h"
 #include "framework/UIEx.h"
 #include "module/ModuleState.h"
@@ -14,17 +16,11 @@ constexpr UINT kRestoreButton = 8026;
 // The plain caption of the first register, which the chip's own CFG1 caption replaces.
 constexpr int kRegister1PlainCaption = 20607;
 
-std::wstring NarrowToWide(const char* text) {
-    if (!text || !*text)
-        return {};
-    const int length = ::MultiByteToWideChar(CP_ACP, 0, text, -1, nullptr, 0);
-    if (length <= 1)
-        return {};
-    std::wstring wide(static_cast<std::size_t>(length), L'\0');
-    ::MultiByteToWideChar(CP_ACP, 0, text, -1, wide.data(), length);
-    wide.resize(static_cast<std::size_t>(length - 1));
-    return wide;
+// The editor's three sources are the host's first three records.
+HostRecord RecordOf(RawByteSource source) {
+    return static_cast<HostRecord>(source);
 }
+static_assert(static_cast<int>(RawByteSource::RecordB) == static_cast<int>(HostRecord::RecordB));
 
 } // namespace
 
@@ -105,40 +101,19 @@ bool CchipRegModify::OnUserMessage(UINT message, WPARAM, LPARAM, LRESULT& result
 
 CchipRegModify::Records CchipRegModify::ReadRecords() const {
     Records records;
-    if (m_chip) {
-        m_chip->GetRegData(records.block.data());
-        m_chip->GetRegDataEx(records.recordA.data());
-        m_chip->GetRegData3(records.recordB.data());
-    }
+    if (m_chip)
+        for (const RawByteSource source :
+             {RawByteSource::Block, RawByteSource::RecordA, RawByteSource::RecordB})
+            ReadRecord(source, records.Of(source));
     return records;
 }
 
 void CchipRegModify::ReadRecord(RawByteSource source, Record& record) const {
-    switch (source) {
-    case RawByteSource::Block:
-        m_chip->GetRegData(record.data());
-        break;
-    case RawByteSource::RecordA:
-        m_chip->GetRegDataEx(record.data());
-        break;
-    case RawByteSource::RecordB:
-        m_chip->GetRegData3(record.data());
-        break;
-    }
+    ReadHostRecord(*m_chip, RecordOf(source), record.data());
 }
 
 void CchipRegModify::WriteRecord(RawByteSource source, Record& record) const {
-    switch (source) {
-    case RawByteSource::Block:
-        m_chip->SetRegData(record.data());
-        break;
-    case RawByteSource::RecordA:
-        m_chip->SetRegDataEx(record.data());
-        break;
-    case RawByteSource::RecordB:
-        m_chip->SetRegData3(record.data());
-        break;
-    }
+    WriteHostRecord(*m_chip, RecordOf(source), record.data());
 }
 
 void CchipRegModify::Refresh() {
@@ -248,7 +223,7 @@ void CchipRegModify::ApplyRegisterKind(int kind) {
 
 void CchipRegModify::SetTitle() {
     std::wstring title = Tr(L"IDD_ChipType_Title");
-    const std::wstring model = m_chip ? NarrowToWide(m_chip->GetChipModelName()) : std::wstring();
+    const std::wstring model = ChipModelName(m_chip);
     if (!model.empty())
         title += L" - " + model;
     SetWindowText(title);

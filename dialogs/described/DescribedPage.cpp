@@ -3,6 +3,7 @@
 #include "descriptions/DescriptionLayout.h"
 #include "descriptions/DescriptionReadouts.h"
 #include "dialogs/chips/ChipRegModifyModel.h"
+#include "dialogs/common/HostRecords.h"
 #include "framework/ModuleInstance.h"
 #include "framework/NumberEdit.h"
 #include "framework/TextEncoding.h"
@@ -77,55 +78,26 @@ BOOL CDescribedPage::Create(UINT templateId, HWND parent) {
     return CreateFrame(templateId, parent) || CreateFrame(kFallbackFrameTemplate, parent);
 }
 
+namespace {
+
+// The described records are the host's records, in the same order.
+HostRecord RecordOf(Source source) {
+    return static_cast<HostRecord>(source);
+}
+static_assert(static_cast<int>(Source::Record20) == static_cast<int>(HostRecord::Record20));
+
+} // namespace
+
 CDescribedPage::Bytes CDescribedPage::ReadSource(Source source) const {
     Bytes bytes{};
-    if (IRegvane* chip = Chip()) {
-        switch (source) {
-        case Source::Block:
-            chip->GetRegData(bytes.data());
-            break;
-        case Source::RecordA:
-            chip->GetRegDataEx(bytes.data());
-            break;
-        case Source::RecordB:
-            chip->GetRegData3(bytes.data());
-            break;
-        case Source::Large:
-            chip->GetRegData2(bytes.data());
-            break;
-        case Source::Record20:
-            chip->GetRegData4(bytes.data());
-            break;
-        case Source::SliderValue:
-            break;
-        }
-    }
+    if (Chip() && !IsHostValue(source))
+        ReadHostRecord(*Chip(), RecordOf(source), bytes.data());
     return bytes;
 }
 
 void CDescribedPage::WriteSource(Source source, Bytes& bytes) const {
-    IRegvane* chip = Chip();
-    if (!chip)
-        return;
-    switch (source) {
-    case Source::Block:
-        chip->SetRegData(bytes.data());
-        break;
-    case Source::RecordA:
-        chip->SetRegDataEx(bytes.data());
-        break;
-    case Source::RecordB:
-        chip->SetRegData3(bytes.data());
-        break;
-    case Source::Large:
-        chip->SetRegData2(bytes.data());
-        break;
-    case Source::Record20:
-        chip->SetRegData4(bytes.data(), 0, 0, 0);
-        break;
-    case Source::SliderValue:
-        break;
-    }
+    if (Chip() && !IsHostValue(source))
+        WriteHostRecord(*Chip(), RecordOf(source), bytes.data());
 }
 
 int CDescribedPage::ReadHostValue(Source source) const {

@@ -41,8 +41,7 @@ protected:
     void RestoreSnapshot() override;
 
 private:
-    // Big enough for any of the host's records.
-    using Bytes = std::array<std::uint8_t, 128>;
+    using Bytes = std::array<std::uint8_t, kRegData2Bytes>; // the largest of the host's records
     struct ControlSlot {
         int field;
         int colour;
