@@ -39,11 +39,12 @@ bool CNumberEdit::SubclassWindow(HWND edit) {
         return false;
     Release();
     Attach(edit);
+    // The value first: the edit's own procedure answers faster before the hook is in place.
+    ShowValue();
     ::SetWindowSubclass(edit, EditProc, reinterpret_cast<UINT_PTR>(this), reinterpret_cast<DWORD_PTR>(this));
     m_parent = ::GetParent(edit);
     if (m_spinWanted)
         CreateSpin();
-    ShowValue();
     return true;
 }
 
