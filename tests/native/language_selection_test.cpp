@@ -1,20 +1,13 @@
+// The language file each of the host's language indices picks, and where the files lie.
 #include "module/LanguageSelection.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <string>
 
 namespace {
 
-std::wstring Primary(int index) {
-    return LanguageFilesForIndex(index).primary;
-}
-std::wstring Fallback(int index) {
-    return LanguageFilesForIndex(index).fallback;
-}
-
-TEST(LanguageSelection, EveryIndexOfTheHostPicksItsFilePair) {
+TEST(LanguageSelection, EveryIndexOfTheHostPicksItsFilePairAndOthersGetEnglish) {
     const struct {
         int index;
         const wchar_t* primary;
@@ -33,37 +26,24 @@ TEST(LanguageSelection, EveryIndexOfTheHostPicksItsFilePair) {
         {11, L"Multi_Swedish.ini", L"Multi_eng.ini"},
         {12, L"Multi_Portuguese.ini", L"Multi_eng.ini"},
         {13, L"Multi_Polish.ini", L"Multi_eng.ini"},
+        {0, L"Multi_eng.ini", L"Multi_eng.ini"},
+        {14, L"Multi_eng.ini", L"Multi_eng.ini"},
+        {-1, L"Multi_eng.ini", L"Multi_eng.ini"},
+        {INT_MIN, L"Multi_eng.ini", L"Multi_eng.ini"},
+        {INT_MAX, L"Multi_eng.ini", L"Multi_eng.ini"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.index);
-        EXPECT_EQ(Primary(row.index), row.primary);
-        EXPECT_EQ(Fallback(row.index), row.fallback);
+        EXPECT_STREQ(LanguageFilesForIndex(row.index).primary, row.primary);
+        EXPECT_STREQ(LanguageFilesForIndex(row.index).fallback, row.fallback);
     }
 }
 
-TEST(LanguageSelection, IndicesOutsideOneToThirteenFallBackToEnglish) {
-    for (const int index : {0, 14, 15, 255, -1, -12, INT_MIN, INT_MAX}) {
-        SCOPED_TRACE(index);
-        EXPECT_EQ(Primary(index), L"Multi_eng.ini");
-        EXPECT_EQ(Fallback(index), L"Multi_eng.ini");
-    }
-}
-
-TEST(LanguageSelection, PathsLieTwoLevelsAboveTheExecutableFolder) {
-    const LanguagePaths paths = LanguagePathsFor(L"C:\\Suite\\App\\Bin\\Host.exe", 13);
-    EXPECT_EQ(paths.primary, L"C:\\Suite\\App\\Bin\\..\\..\\Language\\Hw\\Regvane\\Multi_Polish.ini");
-    EXPECT_EQ(paths.fallback, L"C:\\Suite\\App\\Bin\\..\\..\\Language\\Hw\\Regvane\\Multi_eng.ini");
-}
-
-TEST(LanguageSelection, RussianFallbackIsTheBareLanguageFolder) {
-    const LanguagePaths paths = LanguagePathsFor(L"D:\\x\\Host.exe", 7);
-    EXPECT_EQ(paths.primary, L"D:\\x\\..\\..\\Language\\Hw\\Regvane\\Multi_Russian.ini");
-    EXPECT_EQ(paths.fallback, L"D:\\x\\..\\..\\Language\\Hw\\Regvane\\");
-}
-
-TEST(LanguageSelection, FolderIsCutAfterTheLastBackslash) {
-    EXPECT_EQ(ExecutableFolder(L"C:\\a b\\c.d\\Host.exe"), L"C:\\a b\\c.d\\");
-    EXPECT_EQ(ExecutableFolder(L"Host.exe"), L"");
+TEST(LanguageSelection, PathsLieTwoLevelsAboveTheExecutableFolderAndRussiansFallbackIsTheFolder) {
+    const LanguagePaths polish = LanguagePathsFor(L"C:\\a b\\c.d\\Host.exe", 13);
+    EXPECT_EQ(polish.primary, L"C:\\a b\\c.d\\..\\..\\Language\\Hw\\Regvane\\Multi_Polish.ini");
+    EXPECT_EQ(polish.fallback, L"C:\\a b\\c.d\\..\\..\\Language\\Hw\\Regvane\\Multi_eng.ini");
+    EXPECT_EQ(LanguagePathsFor(L"D:\\x\\Host.exe", 7).fallback, L"D:\\x\\..\\..\\Language\\Hw\\Regvane\\");
     EXPECT_EQ(LanguageFilePath(L"Host.exe", L"Multi_eng.ini"),
               L"..\\..\\Language\\Hw\\Regvane\\Multi_eng.ini");
 }
