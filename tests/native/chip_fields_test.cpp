@@ -23,16 +23,6 @@ TEST(BitField, WritesTouchOnlyTheFieldAndCutValuesToItsWidth) {
     EXPECT_EQ(bitfield::Read(0x0E, 1, 3), 7);
     EXPECT_EQ(bitfield::Mask(12), 0xFF);
 
-    // Red, green and blue copies two bytes apart; red alone stands for the colours when they disagree.
-    std::array<std::uint8_t, 16> block;
-    block.fill(0x55);
-    const bitfield::ColourField gain{3, 0, 6};
-    gain.WriteAll(block, 0x2A);
-    EXPECT_EQ(block, (std::array<std::uint8_t, 16>{0x55, 0x55, 0x55, 0x6A, 0x55, 0x6A, 0x55, 0x6A, 0x55, 0x55,
-                                                   0x55, 0x55, 0x55, 0x55, 0x55, 0x55}));
-    block[3] = 0x01;
-    EXPECT_EQ(gain.ReadFrom(block), 1);
-
     // A field beyond a short block is neither written nor read.
     std::array<std::uint8_t, 4> small{};
     const bitfield::Field beyond{9, 0, 8};

@@ -58,45 +58,36 @@ TEST(WorkbenchSaveFile, EveryImageAndHostValueRoundTrips) {
     EXPECT_EQ(HostState(saved), HostState(fromEdited));
 }
 
-struct Damage {
-    const char* what;
-    std::string from;
-    std::string to;
-    int line;
-    const char* reason;
-};
-
 TEST(WorkbenchSaveFile, DamagedFilesAreRefusedWithLineAndReasonAndChangeNothing) {
-    const SimulatedChip saved = ChangedChip();
-    const std::string good = FormatChipSaveFile(saved);
+    const std::string good = FormatChipSaveFile(ChangedChip());
     auto lineOf = [&](const std::string& start) {
         const std::size_t at = good.find("\n" + start);
         return 1 + static_cast<int>(std::count(good.begin(), good.begin() + at + 1, '\n'));
     };
     const std::string regData = "regData f0 f1 f2 f3 f4 f5 f6 f7 f8 f9 fa fb fc fd fe ff";
-    const Damage damages[] = {
-        {"a byte short", regData, "regData f0 f1 f2 f3 f4 f5 f6 f7 f8 f9 fa fb fc fd fe", lineOf("regData "),
+    const struct {
+        std::string from, to;
+        int line;
+        const char* reason;
+    } damages[] = {
+        {regData, "regData f0 f1 f2 f3 f4 f5 f6 f7 f8 f9 fa fb fc fd fe", lineOf("regData "),
          "regData needs 16 bytes, found 15"},
-        {"not hexadecimal", regData, "regData f0 f1 zz", lineOf("regData "), "'zz' in regData"},
-        {"a one-digit byte", regData, "regData f0 1", lineOf("regData "), "'1' in regData"},
-        {"rows not whole", "icnd3069Rows 01 02 03 04", "icnd3069Rows 01 02 03", lineOf("icnd3069Rows"),
+        {regData, "regData f0 f1 zz", lineOf("regData "), "'zz' in regData"},
+        {regData, "regData f0 1", lineOf("regData "), "'1' in regData"},
+        {"icnd3069Rows 01 02 03 04", "icnd3069Rows 01 02 03", lineOf("icnd3069Rows"),
          "whole rows of 4 bytes"},
-        {"an unknown line", "kind 11", "colour 11", lineOf("kind"), "unknown line 'colour'"},
-        {"a value out of range", "param 65535", "param 65536", lineOf("param"),
-         "param needs one whole number"},
-        {"another chip's file", "type 309", "type 47", lineOf("type"), "for chip type 47, not 309"},
-        {"a line twice", "kind 11\n", "kind 11\nkind 11\n", lineOf("kind") + 1, "kind appears twice"},
-        {"cut off before the end", "\nend\n", "\n", 0, "ends early"},
-        {"no regData2",
-         good.substr(good.find("regData2"),
-                     good.find('\n', good.find("regData2")) + 1 - good.find("regData2")),
-         "", 0, "no regData2 line"},
-        {"another format", "format 1", "format 2", lineOf("format"), "format 2 is not the format 1"},
-        {"not a chip file", "format 1", "<html>", lineOf("format"), "not a workbench chip file"},
-        {"text after the end", "end\n", "end\nregData 00\n", lineOf("end") + 1, "after the 'end' line"},
+        {"kind 11", "colour 11", lineOf("kind"), "unknown line 'colour'"},
+        {"param 65535", "param 65536", lineOf("param"), "param needs one whole number"},
+        {"type 309", "type 47", lineOf("type"), "for chip type 47, not 309"},
+        {"kind 11\n", "kind 11\nkind 11\n", lineOf("kind") + 1, "kind appears twice"},
+        {"\nend\n", "\n", 0, "ends early"},
+        {"\nregData2 ", "\n# regData2 ", 0, "no regData2 line"},
+        {"format 1", "format 2", lineOf("format"), "format 2 is not the format 1"},
+        {"format 1", "<html>", lineOf("format"), "not a workbench chip file"},
+        {"end\n", "end\nregData 00\n", lineOf("end") + 1, "after the 'end' line"},
     };
-    for (const Damage& damage : damages) {
-        SCOPED_TRACE(damage.what);
+    for (const auto& damage : damages) {
+        SCOPED_TRACE(damage.reason);
         std::string text = good;
         const std::size_t at = text.find(damage.from);
         ASSERT_NE(at, std::string::npos);
