@@ -1,4 +1,5 @@
-// The language file each of the host's language indices picks, and where the files lie.
+// The language file each of the host's language indices picks. Where the files lie and how a missing
+// text falls through is held by the Windows language-switch tests.
 #include "module/LanguageSelection.h"
 
 #include <gtest/gtest.h>
@@ -36,15 +37,6 @@ TEST(LanguageSelection, EveryIndexOfTheHostPicksItsFilePairAndOthersGetEnglish) 
         EXPECT_STREQ(LanguageFilesForIndex(index).primary, L"Multi_eng.ini") << index;
         EXPECT_STREQ(LanguageFilesForIndex(index).fallback, L"Multi_eng.ini") << index;
     }
-}
-
-TEST(LanguageSelection, PathsLieTwoLevelsAboveTheExecutableFolderAndRussiansFallbackIsTheFolder) {
-    const LanguagePaths polish = LanguagePathsFor(L"C:\\a b\\c.d\\Host.exe", 13);
-    EXPECT_EQ(polish.primary, L"C:\\a b\\c.d\\..\\..\\Language\\Hw\\Regvane\\Multi_Polish.ini");
-    EXPECT_EQ(polish.fallback, L"C:\\a b\\c.d\\..\\..\\Language\\Hw\\Regvane\\Multi_eng.ini");
-    EXPECT_EQ(LanguagePathsFor(L"D:\\x\\Host.exe", 7).fallback, L"D:\\x\\..\\..\\Language\\Hw\\Regvane\\");
-    EXPECT_EQ(LanguageFilePath(L"Host.exe", L"Multi_eng.ini"),
-              L"..\\..\\Language\\Hw\\Regvane\\Multi_eng.ini");
 }
 
 } // namespace
