@@ -20,7 +20,6 @@ struct ParamChipInfo {
     std::uint16_t id;
     const wchar_t* fileName;
     const wchar_t* tagLine;
-    int rows; // 0: the host keeps the chip's row list
 };
 
 std::span<const ParamChipInfo> ParamChipTable();
