@@ -6,6 +6,7 @@
 #include "TestHost.h"
 
 #include <commctrl.h>
+#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
@@ -60,3 +61,35 @@ inline void TypeAndLeave(HWND page, int id, const wchar_t* text, int next) {
     SetFocus(Item(page, next));
     PumpMessages();
 }
+
+// A host window tree for the pages a test opens, with English loaded. Pages still open when the test
+// ends are closed; a test closes the pages on a chip of its own (CloseAll) before that chip goes.
+class PageTest : public ::testing::Test {
+protected:
+    void SetUp() override { InstallHostCallback(); }
+    void TearDown() override {
+        CloseAll();
+        InstallHostCallback();
+    }
+
+    // The page of a chip type as the host opens and shows it; the chip's log starts after the opening.
+    HWND Open(int chipType, SimulatedChip* chip, const wchar_t* caption = L"") {
+        HWND page = RegvaneLibrary::Get().CreateRegvaneHwnd(chipType, chip, caption, host.View());
+        EXPECT_NE(page, nullptr);
+        opened.push_back(page);
+        ShowWindow(page, SW_SHOW);
+        PumpMessages();
+        if (chip)
+            chip->ClearLog();
+        return page;
+    }
+    void CloseAll() {
+        for (HWND page : opened)
+            if (IsWindow(page))
+                DestroyWindow(page);
+        opened.clear();
+    }
+
+    HostFrame host;
+    std::vector<HWND> opened;
+};

@@ -12,18 +12,14 @@ namespace {
 using Block = std::array<std::uint8_t, 16>;
 using Record = std::array<std::uint8_t, 20>;
 
-constexpr int kRedSlider = 8123, kGreenSlider = 8124, kBlueSlider = 8125;
-constexpr int kRedPercent = 1054, kGreenPercent = 1055, kBluePercent = 1056;
+enum Colour { kRed, kGreen, kBlue };
+constexpr int kSliders[] = {8123, 8124, 8125}, kPercents[] = {1054, 1055, 1056};
+constexpr int kResistances[] = {8050, 8051, 8049}, kFactors[] = {8261, 8262, 8263},
+              kCurrents[] = {8267, 8268, 8269};
 constexpr int kFlagBit7 = 8296, kFlagBit6 = 8026, kFlagBit2 = 9000;
 constexpr int kLinkGains = 8021, kShowCurrent = 8022, kDelayCombo = 8572;
 constexpr int kOk = 8570, kCancel = 8571, kDefault = 8025, kPageButton = 8055;
-constexpr int kRedResistance = 8050, kGreenResistance = 8051, kBlueResistance = 8049;
 constexpr int kRecordByte9 = 1040, kRecordByte7 = 1042;
-constexpr int kRedFactor = 8261, kGreenFactor = 8262, kBlueFactor = 8263;
-constexpr int kRedCurrent = 8267, kGreenCurrent = 8268, kBlueCurrent = 8269;
-constexpr int kSliders[] = {kRedSlider, kGreenSlider, kBlueSlider};
-constexpr int kPercents[] = {kRedPercent, kGreenPercent, kBluePercent};
-constexpr int kResistances[] = {kRedResistance, kGreenResistance, kBlueResistance};
 const Calls kChanged{"SetRegData", "MarkModified", "UpdateHostState"};
 
 // Red gain 32, green 63 (with bit 6), blue 43; bit 7 set in every first byte; bit 2 set and delay
@@ -41,7 +37,14 @@ std::wstring DelayText(HWND page) {
 }
 
 void Type(HWND page, int id, const wchar_t* text) {
-    TypeAndLeave(page, id, text, kRedSlider);
+    TypeAndLeave(page, id, text, kSliders[kRed]);
+}
+
+void ExpectGains(HWND page, std::array<int, 3> positions, std::array<const wchar_t*, 3> percents) {
+    for (int colour : {kRed, kGreen, kBlue}) {
+        EXPECT_EQ(SliderPos(page, kSliders[colour]), positions[colour]) << colour;
+        EXPECT_EQ(ItemText(page, kPercents[colour]), percents[colour]) << colour;
+    }
 }
 
 // A scroll bar of the page that is no gain slider, scrolled.
@@ -51,10 +54,10 @@ void ScrollOtherBar(HWND page) {
     SendMessageW(page, WM_HSCROLL, MAKEWPARAM(SB_LINERIGHT, 0), reinterpret_cast<LPARAM>(bar));
 }
 
-class Mbi5153Page : public ::testing::Test {
+class Mbi5153Page : public PageTest {
 protected:
     void SetUp() override {
-        InstallHostCallback();
+        PageTest::SetUp();
         chip.regData = kTypicalBlock;
         chip.regData4[7] = 17;
         chip.regData4[9] = 200;
@@ -66,25 +69,19 @@ protected:
         for (int id : kResistances)
             Type(page, id, L"1000");
         SetCheck(page, kShowCurrent, false);
-        DestroyWindow(page);
+        CloseAll();
     }
-
     HWND Open(SimulatedChip& target, const wchar_t* caption = L"", int chipType = 47) {
-        HWND page = RegvaneLibrary::Get().CreateRegvaneHwnd(chipType, &target, caption, host.View());
-        EXPECT_NE(page, nullptr);
-        ShowWindow(page, SW_SHOW);
-        PumpMessages();
-        target.ClearLog();
-        return page;
+        return PageTest::Open(chipType, &target, caption);
     }
 
-    HostFrame host;
     SimulatedChip chip;
 };
 
 TEST_F(Mbi5153Page, OpensShowingTheChipWithoutWritingToIt) {
     HWND page = RegvaneLibrary::Get().CreateRegvaneHwnd(47, &chip, L"", host.View());
     ASSERT_NE(page, nullptr);
+    opened.push_back(page);
     EXPECT_STREQ(RegvaneLibrary::Get().RegvaneDialogClassName(page), "CRegvaneMbi5153");
     EXPECT_EQ(chip.CallNames(false), Calls{}) << "opening a page changes nothing";
     const Calls opening = chip.CallNames(true);
@@ -93,12 +90,7 @@ TEST_F(Mbi5153Page, OpensShowingTheChipWithoutWritingToIt) {
               (Calls{"GetChipSubType", "GetRegData", "GetRegData4"}))
         << "the factory picks the page by sub-type, then the page snapshots the chip";
     EXPECT_EQ(Title(page), L"MBI5153");
-    EXPECT_EQ(SliderPos(page, kRedSlider), 32);
-    EXPECT_EQ(SliderPos(page, kGreenSlider), 63);
-    EXPECT_EQ(SliderPos(page, kBlueSlider), 43);
-    EXPECT_EQ(ItemText(page, kRedPercent), L"51%");
-    EXPECT_EQ(ItemText(page, kGreenPercent), L"194%");
-    EXPECT_EQ(ItemText(page, kBluePercent), L"102%");
+    ExpectGains(page, {32, 63, 43}, {L"51%", L"194%", L"102%"});
     EXPECT_TRUE(Checked(page, kFlagBit7));
     EXPECT_FALSE(Checked(page, kFlagBit6)) << "flags show the red copy (byte 3), not green's";
     EXPECT_TRUE(Checked(page, kFlagBit2));
@@ -106,40 +98,38 @@ TEST_F(Mbi5153Page, OpensShowingTheChipWithoutWritingToIt) {
     EXPECT_EQ(DelayText(page), L"15ns");
     EXPECT_EQ(ItemText(page, kRecordByte9), L"200");
     EXPECT_EQ(ItemText(page, kRecordByte7), L"17");
-    EXPECT_EQ(ItemText(page, kRedResistance), L"1000");
-    EXPECT_FALSE(IsWindowVisible(Item(page, kRedResistance))) << "the current group starts hidden";
-    DestroyWindow(page);
+    EXPECT_EQ(ItemText(page, kResistances[kRed]), L"1000");
+    EXPECT_FALSE(IsWindowVisible(Item(page, kResistances[kRed]))) << "the current group starts hidden";
 }
 
 TEST_F(Mbi5153Page, UnlinkedSlidersWriteOnlyTheirOwnSixGainBits) {
     chip.gainMax = 200; // a host with a wider range than the chip has
     HWND page = Open(chip);
-    MoveSlider(page, kGreenSlider, 40);
+    MoveSlider(page, kSliders[kGreen], 40);
     Block expected = kTypicalBlock;
     expected[5] = 0x40 | 40; // bit 6 of green's copy survives
     EXPECT_EQ(chip.regData, expected);
     EXPECT_EQ(chip.CallNames(false), kChanged);
-    EXPECT_EQ(ItemText(page, kGreenPercent), L"88%");
-    EXPECT_EQ(SliderPos(page, kRedSlider), 32);
+    EXPECT_EQ(ItemText(page, kPercents[kGreen]), L"88%");
+    EXPECT_EQ(SliderPos(page, kSliders[kRed]), 32);
 
     chip.ClearLog();
-    MoveSlider(page, kGreenSlider, 63);
+    MoveSlider(page, kSliders[kGreen], 63);
     EXPECT_EQ(chip.regData, kTypicalBlock);
     EXPECT_EQ(chip.CallNames(true),
               (Calls{"GetRegData", "SetRegData", "GetRegData", "GetRegData4", "UpdateHostState"}))
         << "back at the snapshot: the host hears only the state update";
     EXPECT_EQ(chip.log.back().ToString(), "UpdateHostState(1, 1)");
 
-    MoveSlider(page, kRedSlider, 70);
+    MoveSlider(page, kSliders[kRed], 70);
     EXPECT_EQ(chip.regData[3], 70 & 0x3F);
     EXPECT_EQ(chip.regData[2], 0x80);
 
     // A scroll bar that is no gain slider writes the sliders' places, moved or not.
-    SendMessageW(Item(page, kBlueSlider), TBM_SETPOS, TRUE, 10); // moved without telling the page
+    SendMessageW(Item(page, kSliders[kBlue]), TBM_SETPOS, TRUE, 10); // moved without telling the page
     ScrollOtherBar(page);
     EXPECT_EQ(chip.regData[7], 10);
     EXPECT_EQ(chip.regData[5], 0x40 | 63);
-    DestroyWindow(page);
 }
 
 TEST_F(Mbi5153Page, LinkedSlidersMoveAllThreeColours) {
@@ -147,14 +137,11 @@ TEST_F(Mbi5153Page, LinkedSlidersMoveAllThreeColours) {
     Click(page, kLinkGains);
     EXPECT_EQ(chip.CallNames(true), Calls{}) << "linking is the operator's view, not the chip's";
 
-    MoveSlider(page, kGreenSlider, 50);
+    MoveSlider(page, kSliders[kGreen], 50);
     EXPECT_EQ(chip.regData[3], 50);
     EXPECT_EQ(chip.regData[5], 0x40 | 50);
     EXPECT_EQ(chip.regData[7], 50);
-    for (int colour = 0; colour < 3; ++colour) {
-        EXPECT_EQ(SliderPos(page, kSliders[colour]), 50);
-        EXPECT_EQ(ItemText(page, kPercents[colour]), L"134%");
-    }
+    ExpectGains(page, {50, 50, 50}, {L"134%", L"134%", L"134%"});
     EXPECT_EQ(chip.CallNames(false), kChanged);
 
     // A scroll bar that is no gain slider gives no gain: the block goes back as it is.
@@ -163,10 +150,7 @@ TEST_F(Mbi5153Page, LinkedSlidersMoveAllThreeColours) {
     ScrollOtherBar(page);
     EXPECT_EQ(chip.regData, before);
     EXPECT_EQ(chip.CallNames(false), kChanged);
-    for (int id : kSliders)
-        EXPECT_EQ(SliderPos(page, id), 0);
-    EXPECT_EQ(ItemText(page, kRedPercent), L"11%");
-    DestroyWindow(page);
+    ExpectGains(page, {0, 0, 0}, {L"11%", L"11%", L"11%"});
 }
 
 // Each flag click writes its bit into all three colour copies, and record bytes 10..13 get the word
@@ -218,7 +202,6 @@ TEST_F(Mbi5153Page, FlagBit7GoesIntoTheFirstByteOfEachColourAndLeavesTheRecord) 
     EXPECT_EQ(chip.regData, expected);
     EXPECT_EQ(chip.regData4, (Record{0, 0, 0, 0, 0, 0, 0, 17, 0, 200}));
     EXPECT_EQ(chip.CallNames(false), kChanged);
-    DestroyWindow(page);
 }
 
 TEST_F(Mbi5153Page, DelayComboWritesTheStepAndNoSelectionMeansTheLongest) {
@@ -240,14 +223,13 @@ TEST_F(Mbi5153Page, DelayComboWritesTheStepAndNoSelectionMeansTheLongest) {
     EXPECT_EQ(SendMessageW(page, 0x0903, 0, 0), 0);
     EXPECT_EQ(DelayText(page), L"35ns");
     EXPECT_EQ(chip.CallNames(false), Calls{});
-    DestroyWindow(page);
 }
 
 TEST_F(Mbi5153Page, DefaultWritesTheChipMakersValuesInOrder) {
     chip.regDataEx.fill(0x77);
     HWND page = Open(chip);
     Click(page, kShowCurrent);
-    Type(page, kRedResistance, L"470");
+    Type(page, kResistances[kRed], L"470");
     chip.ClearLog();
 
     Click(page, kDefault);
@@ -264,17 +246,14 @@ TEST_F(Mbi5153Page, DefaultWritesTheChipMakersValuesInOrder) {
     EXPECT_EQ(chip.CallNames(false),
               (Calls{"SetRegData", "SetRegDataEx", "MarkModified", "UpdateHostState"}));
 
-    for (int colour = 0; colour < 3; ++colour) {
-        EXPECT_EQ(SliderPos(page, kSliders[colour]), 43);
-        EXPECT_EQ(ItemText(page, kPercents[colour]), L"102%");
-        EXPECT_EQ(ItemText(page, kResistances[colour]), L"1000");
-    }
+    ExpectGains(page, {43, 43, 43}, {L"102%", L"102%", L"102%"});
+    for (int id : kResistances)
+        EXPECT_EQ(ItemText(page, id), L"1000");
     EXPECT_TRUE(Checked(page, kFlagBit7));
     EXPECT_FALSE(Checked(page, kFlagBit6));
     EXPECT_FALSE(Checked(page, kFlagBit2));
     EXPECT_EQ(DelayText(page), L"0ns");
-    EXPECT_EQ(ItemText(page, kRedCurrent), L"14.25 mA") << "the current follows the reset resistance";
-    DestroyWindow(page);
+    EXPECT_EQ(ItemText(page, kCurrents[kRed]), L"14.25 mA") << "the current follows the reset resistance";
 }
 
 TEST_F(Mbi5153Page, OkRunsTheChangeTestAndCancelPutsTheSnapshotBack) {
@@ -297,7 +276,7 @@ TEST_F(Mbi5153Page, OkRunsTheChangeTestAndCancelPutsTheSnapshotBack) {
 
     const Record record = chip.regData4;
     page = Open(chip);
-    MoveSlider(page, kRedSlider, 5);
+    MoveSlider(page, kSliders[kRed], 5);
     Type(page, kRecordByte9, L"3");
     ASSERT_NE(chip.regData, kTypicalBlock);
     ASSERT_NE(chip.regData4, record);
@@ -319,40 +298,38 @@ TEST_F(Mbi5153Page, PageButtonAsksTheHostFrameForPageTwelve) {
     EXPECT_EQ(posted[0].wParam, 12u);
     EXPECT_EQ(posted[0].lParam, 1);
     EXPECT_EQ(chip.CallNames(true), Calls{});
-    DestroyWindow(page);
 }
 
 TEST_F(Mbi5153Page, CurrentReadoutsFollowGainAndResistance) {
     HWND page = Open(chip);
     Click(page, kShowCurrent);
-    EXPECT_TRUE(IsWindowVisible(Item(page, kRedResistance)));
-    EXPECT_TRUE(IsWindowVisible(Item(page, kBlueCurrent)));
-    EXPECT_EQ(ItemText(page, kRedFactor), L"0.5");
-    EXPECT_EQ(ItemText(page, kRedCurrent), L"7.12 mA");
-    EXPECT_EQ(ItemText(page, kGreenFactor), L"1.9");
-    EXPECT_EQ(ItemText(page, kGreenCurrent), L"27.20 mA");
+    EXPECT_TRUE(IsWindowVisible(Item(page, kResistances[kRed])));
+    EXPECT_TRUE(IsWindowVisible(Item(page, kCurrents[kBlue])));
+    EXPECT_EQ(ItemText(page, kFactors[kRed]), L"0.5");
+    EXPECT_EQ(ItemText(page, kCurrents[kRed]), L"7.12 mA");
+    EXPECT_EQ(ItemText(page, kFactors[kGreen]), L"1.9");
+    EXPECT_EQ(ItemText(page, kCurrents[kGreen]), L"27.20 mA");
 
-    MoveSlider(page, kRedSlider, 63);
-    EXPECT_EQ(ItemText(page, kRedFactor), L"1.9");
-    EXPECT_EQ(ItemText(page, kRedCurrent), L"27.20 mA");
+    MoveSlider(page, kSliders[kRed], 63);
+    EXPECT_EQ(ItemText(page, kFactors[kRed]), L"1.9");
+    EXPECT_EQ(ItemText(page, kCurrents[kRed]), L"27.20 mA");
 
-    Type(page, kRedResistance, L"500");
-    EXPECT_EQ(ItemText(page, kRedCurrent), L"54.39 mA");
-    EXPECT_EQ(ItemText(page, kGreenCurrent), L"27.20 mA");
+    Type(page, kResistances[kRed], L"500");
+    EXPECT_EQ(ItemText(page, kCurrents[kRed]), L"54.39 mA");
+    EXPECT_EQ(ItemText(page, kCurrents[kGreen]), L"27.20 mA");
     EXPECT_EQ(chip.CallNames(false), kChanged)
         << "resistances are the operator's arithmetic, never the chip's";
 
     // Linked: every colour's read-out follows the moved slider.
     Click(page, kLinkGains);
-    MoveSlider(page, kBlueSlider, 32);
-    EXPECT_EQ(ItemText(page, kRedCurrent), L"14.25 mA");
-    EXPECT_EQ(ItemText(page, kGreenCurrent), L"7.12 mA");
-    EXPECT_EQ(ItemText(page, kBlueFactor), L"0.5");
+    MoveSlider(page, kSliders[kBlue], 32);
+    EXPECT_EQ(ItemText(page, kCurrents[kRed]), L"14.25 mA");
+    EXPECT_EQ(ItemText(page, kCurrents[kGreen]), L"7.12 mA");
+    EXPECT_EQ(ItemText(page, kFactors[kBlue]), L"0.5");
 
     Click(page, kShowCurrent);
-    EXPECT_FALSE(IsWindowVisible(Item(page, kRedResistance)));
-    EXPECT_FALSE(IsWindowVisible(Item(page, kGreenFactor)));
-    DestroyWindow(page);
+    EXPECT_FALSE(IsWindowVisible(Item(page, kResistances[kRed])));
+    EXPECT_FALSE(IsWindowVisible(Item(page, kFactors[kGreen])));
 }
 
 TEST_F(Mbi5153Page, RecordEditsWriteTheirBytesClampedToRange) {
@@ -374,26 +351,25 @@ TEST_F(Mbi5153Page, RecordEditsWriteTheirBytesClampedToRange) {
     chip.ClearLog();
     Type(page, kRecordByte7, L"17");
     EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData4", "UpdateHostState"}));
-    DestroyWindow(page);
 }
 
 TEST_F(Mbi5153Page, ReopenedPagesKeepLinkShowCurrentAndResistances) {
     HWND page = Open(chip);
     Click(page, kLinkGains);
     Click(page, kShowCurrent);
-    Type(page, kGreenResistance, L"2200");
+    Type(page, kResistances[kGreen], L"2200");
     DestroyWindow(page);
 
     SimulatedChip other(47, 5);
     page = Open(other);
     EXPECT_TRUE(Checked(page, kLinkGains));
     EXPECT_TRUE(Checked(page, kShowCurrent));
-    EXPECT_TRUE(IsWindowVisible(Item(page, kGreenResistance)));
-    EXPECT_EQ(ItemText(page, kGreenResistance), L"2200");
-    EXPECT_EQ(ItemText(page, kRedResistance), L"1000");
-    MoveSlider(page, kRedSlider, 20);
+    EXPECT_TRUE(IsWindowVisible(Item(page, kResistances[kGreen])));
+    EXPECT_EQ(ItemText(page, kResistances[kGreen]), L"2200");
+    EXPECT_EQ(ItemText(page, kResistances[kRed]), L"1000");
+    MoveSlider(page, kSliders[kRed], 20);
     EXPECT_EQ(other.regData[7], 20) << "the reopened page moves the gains together";
-    DestroyWindow(page);
+    CloseAll();
 }
 
 TEST_F(Mbi5153Page, ShowingThePageAgainReadsTheChipAndTheHostRange) {
@@ -402,26 +378,21 @@ TEST_F(Mbi5153Page, ShowingThePageAgainReadsTheChipAndTheHostRange) {
     chip.regData[3] = 0x3F;
     chip.gainMax = 40;
     ShowWindow(page, SW_SHOW);
-    EXPECT_EQ(SendMessageW(Item(page, kRedSlider), TBM_GETRANGEMAX, 0, 0), 40);
-    EXPECT_EQ(SliderPos(page, kRedSlider), 40);
-    EXPECT_EQ(ItemText(page, kRedPercent), L"194%") << "the label shows the chip, not the clamped slider";
+    EXPECT_EQ(SendMessageW(Item(page, kSliders[kRed]), TBM_GETRANGEMAX, 0, 0), 40);
+    EXPECT_EQ(SliderPos(page, kSliders[kRed]), 40);
+    EXPECT_EQ(ItemText(page, kPercents[kRed]), L"194%") << "the label shows the chip, not the clamped slider";
     EXPECT_EQ(chip.CallNames(false), Calls{});
-    DestroyWindow(page);
 }
 
 TEST_F(Mbi5153Page, TitleFollowsChipTypeAndSubTypeAndTheCaptionWins) {
     SimulatedChip fm6153(196, 212), mbi5252(47, 212);
-    HWND page = Open(fm6153, L"", 196);
-    EXPECT_EQ(Title(page), L"FM6153");
-    DestroyWindow(page);
-    page = Open(mbi5252);
-    EXPECT_EQ(Title(page), L"MBI5252");
-    DestroyWindow(page);
-    page = Open(mbi5252, L"Cabinet 3");
+    EXPECT_EQ(Title(Open(fm6153, L"", 196)), L"FM6153");
+    EXPECT_EQ(Title(Open(mbi5252)), L"MBI5252");
+    HWND page = Open(mbi5252, L"Cabinet 3");
     ShowWindow(page, SW_HIDE);
     ShowWindow(page, SW_SHOW);
     EXPECT_EQ(Title(page), L"Cabinet 3");
-    DestroyWindow(page);
+    CloseAll();
 }
 
 TEST_F(Mbi5153Page, OddHostsDoNotBreakThePage) {
@@ -430,17 +401,15 @@ TEST_F(Mbi5153Page, OddHostsDoNotBreakThePage) {
     reversed.gainMax = 10;
     reversed.regData = kTypicalBlock;
     HWND page = Open(reversed);
-    EXPECT_EQ(SendMessageW(Item(page, kRedSlider), TBM_GETRANGEMIN, 0, 0), 10);
-    EXPECT_EQ(SendMessageW(Item(page, kRedSlider), TBM_GETRANGEMAX, 0, 0), 50);
-    MoveSlider(page, kRedSlider, 30);
+    EXPECT_EQ(SendMessageW(Item(page, kSliders[kRed]), TBM_GETRANGEMIN, 0, 0), 10);
+    EXPECT_EQ(SendMessageW(Item(page, kSliders[kRed]), TBM_GETRANGEMAX, 0, 0), 50);
+    MoveSlider(page, kSliders[kRed], 30);
     EXPECT_EQ(reversed.regData[3], 30);
-    DestroyWindow(page);
+    CloseAll();
 
     // Without a host the page still opens and every control is inert.
-    page = RegvaneLibrary::Get().CreateRegvaneHwnd(196, nullptr, L"", host.View());
-    ASSERT_NE(page, nullptr);
-    ShowWindow(page, SW_SHOW);
-    MoveSlider(page, kRedSlider, 30);
+    page = PageTest::Open(196, nullptr);
+    MoveSlider(page, kSliders[kRed], 30);
     for (int id : {kFlagBit7, kFlagBit6, kFlagBit2, kDefault, kShowCurrent, kLinkGains, kPageButton})
         Click(page, id);
     Select(page, kDelayCombo, 2);

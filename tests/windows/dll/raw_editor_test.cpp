@@ -9,10 +9,10 @@ namespace {
 constexpr int kRawEditorType = 81;
 constexpr int kReadAgain = 8025, kRestore = 8026, kPreset = 20013;
 
-class RawEditor : public ::testing::Test {
+class RawEditor : public PageTest {
 protected:
     void SetUp() override {
-        InstallHostCallback();
+        PageTest::SetUp();
         for (std::size_t i = 0; i < chip.regData.size(); ++i)
             chip.regData[i] = static_cast<std::uint8_t>(0x10 + i);
         for (std::size_t i = 0; i < chip.regDataEx.size(); ++i)
@@ -20,27 +20,18 @@ protected:
         for (std::size_t i = 0; i < chip.regData3.size(); ++i)
             chip.regData3[i] = static_cast<std::uint8_t>(0xB0 + i);
     }
-    void TearDown() override { DestroyWindow(page); }
-
-    void Open(IRegvane* host) {
-        page = lib.CreateRegvaneHwnd(kRawEditorType, host, L"", frame.View());
-        ASSERT_NE(page, nullptr);
-        ShowWindow(page, SW_SHOW);
-        PumpMessages();
-        chip.ClearLog();
-    }
+    void Open(SimulatedChip* target) { page = PageTest::Open(kRawEditorType, target); }
     void Type(int id, const wchar_t* text) { TypeAndLeave(page, id, text, kReadAgain); }
 
-    RegvaneLibrary& lib = RegvaneLibrary::Get();
-    HostFrame frame;
     SimulatedChip chip{kRawEditorType, 0};
     HWND page = nullptr;
 };
 
 TEST_F(RawEditor, ShowsEveryByteAsTwoLowerCaseDigitsAndWritesNothingWhileOpening) {
     chip.regData[9] = 0x0F;
-    page = lib.CreateRegvaneHwnd(kRawEditorType, &chip, L"", frame.View());
+    page = RegvaneLibrary::Get().CreateRegvaneHwnd(kRawEditorType, &chip, L"", host.View());
     ASSERT_NE(page, nullptr);
+    opened.push_back(page);
     EXPECT_EQ(chip.CallNames(false), Calls{}) << "opening the page changed the chip";
     EXPECT_EQ(ItemText(page, 8074), L"0f");
     EXPECT_EQ(ItemText(page, 8543), L"12");
