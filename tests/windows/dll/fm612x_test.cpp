@@ -13,16 +13,17 @@ namespace {
 
 enum Colour { kRed, kGreen, kBlue };
 using ColourIds = std::array<int, 3>;
+// Red's control id and green's and blue's after it.
+constexpr ColourIds Ids(int red) {
+    return {red, red + 1, red + 2};
+}
 
 constexpr int kFM6126Type = 179, kFM6127Type = 184, kFM6128Type = 120, kFM6129Type = 259;
 constexpr int kFM6126EXType = 65536 + 15, kFM6127EXType = 65536 + 25;
 constexpr int kFM6128ExType = 65536 + 41, kFM6129ExType = 65536 + 48;
 
-constexpr ColourIds kGainSliders{21001, 21002, 21003};
-constexpr ColourIds kGainPercent{21004, 21005, 21006};
-constexpr ColourIds kGainReference{21007, 21008, 21009};
-constexpr ColourIds kGainFraction{21010, 21011, 21012};
-constexpr ColourIds kGainCurrent{21013, 21014, 21015};
+constexpr ColourIds kGainSliders = Ids(21001), kGainPercent = Ids(21004), kGainReference = Ids(21007);
+constexpr ColourIds kGainFraction = Ids(21010), kGainCurrent = Ids(21013);
 constexpr int kGainLink = 21016, kGainShowCurrent = 21017, kGainDefault = 21018;
 
 // A page of the DLL in a host window tree of its own; the host has not shown it yet.
@@ -51,9 +52,6 @@ std::wstring ComboItem(HWND page, int id, int index) {
 int EditValue(HWND page, int id) {
     return std::stoi(ItemText(page, id));
 }
-Calls Writes(const SimulatedChip& chip) {
-    return chip.CallNames(false);
-}
 const Calls kChangedCycle{"SetRegData", "MarkModified", "UpdateHostState"};
 const Calls kUnchangedCycle{"SetRegData", "UpdateHostState"};
 
@@ -72,7 +70,8 @@ TEST(Fm612xPages, EveryTypeOpensItsOwnPage) {
         Page page(expected.type, chip);
         ASSERT_NE(HWND(page), nullptr) << expected.className;
         EXPECT_STREQ(RegvaneLibrary::Get().RegvaneDialogClassName(page), expected.className);
-        EXPECT_EQ(Writes(chip), Calls{}) << expected.className << ": opening a page never writes the chip";
+        EXPECT_EQ(chip.CallNames(false), Calls{})
+            << expected.className << ": opening a page never writes the chip";
     }
 }
 
@@ -95,13 +94,13 @@ TEST(Fm612xPages, Fm6126SlidersWriteTheInvertedGainIntoEachColourAlone) {
     expected[4] = 0xFA;
     EXPECT_EQ(chip.regData, expected);
     EXPECT_EQ(ItemText(page, kGainPercent[kGreen]), L"33%");
-    EXPECT_EQ(Writes(chip), kChangedCycle);
+    EXPECT_EQ(chip.CallNames(false), kChangedCycle);
 
     // Back where it started: the chip equals the snapshot again.
     chip.ClearLog();
     MoveSlider(page, kGainSliders[kGreen], 60);
     EXPECT_EQ(chip.regData, before);
-    EXPECT_EQ(Writes(chip), kUnchangedCycle);
+    EXPECT_EQ(chip.CallNames(false), kUnchangedCycle);
 }
 
 TEST(Fm612xPages, Fm6126LinkedSlidersAndDefaultAndTheSwitchesOutliveThePage) {
@@ -128,7 +127,7 @@ TEST(Fm612xPages, Fm6126LinkedSlidersAndDefaultAndTheSwitchesOutliveThePage) {
             EXPECT_EQ(chip.regData[3 + 2 * colour], 0x80 | 0x0C);
             EXPECT_EQ(ItemText(page, kGainPercent[colour]), L"95%");
         }
-        EXPECT_EQ(Writes(chip), kChangedCycle);
+        EXPECT_EQ(chip.CallNames(false), kChangedCycle);
 
         SetCheck(page, kGainShowCurrent, true);
         EXPECT_EQ(ItemText(page, kGainFraction[kRed]), L"1.0"); // 0.953 shown to one place
@@ -174,12 +173,8 @@ TEST(Fm612xPages, Fm6127StoresItsGainAsItIsAndNamesTheModel) {
     EXPECT_EQ(chip.regData[4], 7);
 }
 
-constexpr ColourIds kExSliders{21101, 21102, 21103};
-constexpr ColourIds kExGainLabels{21104, 21105, 21106};
-constexpr ColourIds kExModeCombos{21107, 21108, 21109};
-constexpr ColourIds kExGhostCombos{21110, 21111, 21112};
-constexpr ColourIds kExLowGreyEdits{21113, 21114, 21115};
-constexpr ColourIds kExDelayEdits{21116, 21117, 21118};
+constexpr ColourIds kExSliders = Ids(21101), kExGainLabels = Ids(21104), kExModeCombos = Ids(21107);
+constexpr ColourIds kExGhostCombos = Ids(21110), kExLowGreyEdits = Ids(21113), kExDelayEdits = Ids(21116);
 constexpr int kExLink = 21119;
 
 TEST(Fm612xPages, Fm6126ExEditsAndCombosChangeOnlyTheirBits) {
@@ -198,7 +193,7 @@ TEST(Fm612xPages, Fm6126ExEditsAndCombosChangeOnlyTheirBits) {
     Enter(page, kExLowGreyEdits[kGreen], L"0");
     expected[5] = 0x20;
     EXPECT_EQ(chip.regData, expected);
-    EXPECT_EQ(Writes(chip), kChangedCycle);
+    EXPECT_EQ(chip.CallNames(false), kChangedCycle);
 
     Enter(page, kExDelayEdits[kBlue], L"5"); // high two bits in Z, the low bit in X
     expected[13] = 0x02;
@@ -254,7 +249,7 @@ TEST(Fm612xPages, Fm6127ExWritesBothBuffersAndHasItsOwnChangeTest) {
     EXPECT_EQ(chip.regData, expected);
     EXPECT_EQ(EditValue(page, Fm6127ExEdit(kFm6127ExGhostLevel, kBlue)), 1);
     EXPECT_EQ(chip.regDataEx[0], 0x5A);
-    EXPECT_EQ(Writes(chip), (Calls{"SetRegData", "SetRegDataEx", "MarkModified"}));
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "SetRegDataEx", "MarkModified"}));
 
     Enter(page, Fm6127ExEdit(kFm6127ExPreCharge, kGreen), L"11");
     expected[4] = 0x80;
@@ -277,7 +272,7 @@ TEST(Fm612xPages, Fm6127ExWritesBothBuffersAndHasItsOwnChangeTest) {
     Enter(page, Fm6127ExEdit(kFm6127ExPreCharge, kGreen), L"0");
     chip.ClearLog();
     Enter(page, Fm6127ExEdit(kFm6127ExGhostLevel, kBlue), L"0");
-    EXPECT_EQ(Writes(chip), (Calls{"SetRegData", "SetRegDataEx", "UpdateHostState"}));
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "SetRegDataEx", "UpdateHostState"}));
     // The host's own value counts as part of the chip.
     chip.sliderValue = 18;
     chip.ClearLog();
@@ -290,7 +285,7 @@ TEST(Fm612xPages, Fm6127ExWritesBothBuffersAndHasItsOwnChangeTest) {
 // The FM6128 gain in the large block: its six high bits in three copies (red 79, 85, 91; green 81,
 // 87, 93; blue 83, 89, 95), its low bit thrice in bits 2..0 of red 73, green 75, blue 77.
 TEST(Fm612xPages, Fm6128WritesItsGainCopiesIntoTheLargeBlock) {
-    constexpr ColourIds kSliders{21301, 21302, 21303}, kLabels{21304, 21305, 21306};
+    constexpr ColourIds kSliders = Ids(21301), kLabels = Ids(21304);
     constexpr int kLink = 21307;
     SimulatedChip chip(kFM6128Type);
     chip.regData2.fill(0xC0);
@@ -303,7 +298,7 @@ TEST(Fm612xPages, Fm6128WritesItsGainCopiesIntoTheLargeBlock) {
     expected[73] = 0xC7;
     EXPECT_EQ(chip.regData2, expected);
     EXPECT_EQ(ItemText(page, kLabels[kRed]), L"99.06%");
-    EXPECT_EQ(Writes(chip), (Calls{"SetRegData2", "MarkModified", "UpdateHostState"}));
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData2", "MarkModified", "UpdateHostState"}));
 
     SetCheck(page, kLink, true);
     MoveSlider(page, kSliders[kBlue], 64);
@@ -327,7 +322,7 @@ TEST(Fm612xPages, Fm6128ExStoresTheHostCountAndRealignsTheGainCopies) {
     EXPECT_EQ(chip.regData2[85], 10);
     EXPECT_EQ(chip.regData2[91], 10);
     EXPECT_EQ(ItemText(page, 21310), L"32");
-    EXPECT_EQ(Writes(chip), (Calls{"SetRegData2", "MarkModified", "UpdateHostState"}));
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData2", "MarkModified", "UpdateHostState"}));
 
     auto expected = chip.regData2;
     Enter(page, 21311, L"3");
@@ -337,8 +332,8 @@ TEST(Fm612xPages, Fm6128ExStoresTheHostCountAndRealignsTheGainCopies) {
 }
 
 TEST(Fm612xPages, Fm6129TakesItsSliderRangeFromTheHostAndKeepsItsSwitchesToItself) {
-    constexpr ColourIds kSliders{21401, 21402, 21403}, kPercent{21404, 21405, 21406};
-    constexpr ColourIds kLowGrey{21407, 21408, 21409}, kGain{21413, 21414, 21415};
+    constexpr ColourIds kSliders = Ids(21401), kPercent = Ids(21404), kLowGrey = Ids(21407),
+                        kGain = Ids(21413);
     constexpr int kLink = 21419, kShowCurrent = 21420;
     SimulatedChip chip(kFM6129Type);
     chip.gainMin = 256;
@@ -388,7 +383,7 @@ TEST(Fm612xPages, Fm6129ExEditsTouchOneFieldAndTheSecondBufferCountsAsChange) {
     Enter(page, 21511, L"12");
     expected[10] = 0xC0;
     EXPECT_EQ(chip.regData, expected);
-    EXPECT_EQ(Writes(chip), kChangedCycle);
+    EXPECT_EQ(chip.CallNames(false), kChangedCycle);
     Enter(page, 21511, L"99"); // the edit keeps to the field's range
     EXPECT_EQ(chip.regData[10], 0xF0);
 
@@ -397,7 +392,7 @@ TEST(Fm612xPages, Fm6129ExEditsTouchOneFieldAndTheSecondBufferCountsAsChange) {
     Enter(page, 21501, L"0"); // unchanged value: the edit sends nothing
     Enter(page, 21501, L"1");
     Enter(page, 21501, L"0");
-    EXPECT_EQ(Writes(chip),
+    EXPECT_EQ(chip.CallNames(false),
               (Calls{"SetRegData", "MarkModified", "UpdateHostState", "SetRegData", "UpdateHostState"}));
     chip.regDataEx[3] = 1;
     chip.ClearLog();

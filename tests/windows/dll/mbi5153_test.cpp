@@ -194,16 +194,6 @@ TEST_F(Mbi5153Page, FlagsWriteAllColoursAndTheRecordWordOfBothFlags) {
     }
 }
 
-TEST_F(Mbi5153Page, FlagBit7GoesIntoTheFirstByteOfEachColourAndLeavesTheRecord) {
-    HWND page = Open(chip);
-    Click(page, kFlagBit7);
-    Block expected = kTypicalBlock;
-    expected[2] = expected[4] = expected[6] = 0x00;
-    EXPECT_EQ(chip.regData, expected);
-    EXPECT_EQ(chip.regData4, (Record{0, 0, 0, 0, 0, 0, 0, 17, 0, 200}));
-    EXPECT_EQ(chip.CallNames(false), kChanged);
-}
-
 TEST_F(Mbi5153Page, DelayComboWritesTheStepAndNoSelectionMeansTheLongest) {
     chip.regData[9] = chip.regData[11] = chip.regData[13] = 0xF1; // neighbours of the field are set
     HWND page = Open(chip);
@@ -286,18 +276,6 @@ TEST_F(Mbi5153Page, OkRunsTheChangeTestAndCancelPutsTheSnapshotBack) {
     EXPECT_EQ(chip.regData4, record);
     EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "SetRegData4"}));
     EXPECT_FALSE(IsWindow(page));
-}
-
-TEST_F(Mbi5153Page, PageButtonAsksTheHostFrameForPageTwelve) {
-    HWND page = Open(chip);
-    host.TakePosted();
-    Click(page, kPageButton);
-    const auto posted = host.TakePosted();
-    ASSERT_EQ(posted.size(), 1u);
-    EXPECT_EQ(posted[0].message, 0x0904u);
-    EXPECT_EQ(posted[0].wParam, 12u);
-    EXPECT_EQ(posted[0].lParam, 1);
-    EXPECT_EQ(chip.CallNames(true), Calls{});
 }
 
 TEST_F(Mbi5153Page, CurrentReadoutsFollowGainAndResistance) {

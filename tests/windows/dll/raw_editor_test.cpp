@@ -43,27 +43,24 @@ TEST_F(RawEditor, ShowsEveryByteAsTwoLowerCaseDigitsAndWritesNothingWhileOpening
 // The typed byte's own record is read, patched and written; the change test reads block and record A.
 TEST_F(RawEditor, ATypedByteGoesToItsRecordAndTheChangeIsReported) {
     Open(&chip);
-    const struct {
-        int edit;
-        const wchar_t* text;
-        const char* record;
-        std::uint8_t* byte;
-        std::uint8_t expected;
-        std::uint8_t* neighbour;
-        std::uint8_t neighbourValue;
-    } cases[] = {{8069, L"A", "RegData", &chip.regData[4], 0x0A, &chip.regData[5], 0x15},
-                 {8082, L"ff", "RegDataEx", &chip.regDataEx[1], 0xFF, &chip.regDataEx[0], 0xA0},
-                 {8090, L"Bc", "RegData3", &chip.regData3[5], 0xBC, &chip.regData3[4], 0xB4}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.edit);
-        chip.ClearLog();
-        Type(c.edit, c.text);
-        EXPECT_EQ(*c.byte, c.expected);
-        EXPECT_EQ(*c.neighbour, c.neighbourValue) << "only the typed byte changes";
-        EXPECT_EQ(chip.CallNames(), (Calls{std::string("Get") + c.record, std::string("Set") + c.record,
-                                           "GetRegData", "GetRegDataEx", "MarkModified", "UpdateHostState"}));
-        EXPECT_EQ(chip.log.back().args, (std::vector<std::int64_t>{1, 1}));
-    }
+    const auto cycle = [](const std::string& record) {
+        return Calls{"Get" + record, "Set" + record, "GetRegData",
+                     "GetRegDataEx", "MarkModified", "UpdateHostState"};
+    };
+    Type(8069, L"A");
+    EXPECT_EQ(chip.regData[4], 0x0A);
+    EXPECT_EQ(chip.regData[5], 0x15) << "only the typed byte changes";
+    EXPECT_EQ(chip.CallNames(), cycle("RegData"));
+    EXPECT_EQ(chip.log.back().args, (std::vector<std::int64_t>{1, 1}));
+    chip.ClearLog();
+    Type(8082, L"ff");
+    EXPECT_EQ(chip.regDataEx[1], 0xFF);
+    EXPECT_EQ(chip.CallNames(), cycle("RegDataEx"));
+    chip.ClearLog();
+    Type(8090, L"Bc");
+    EXPECT_EQ(chip.regData3[5], 0xBC);
+    EXPECT_EQ(chip.regData3[4], 0xB4);
+    EXPECT_EQ(chip.CallNames(), cycle("RegData3"));
     SendMessageW(page, 0x0903, 0, 0);
     EXPECT_EQ(ItemText(page, 8069), L"0a");
 }
