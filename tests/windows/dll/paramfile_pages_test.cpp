@@ -2,6 +2,7 @@
 // real save and open dialogs (answered by a second thread as an operator would), the messages,
 // and what reaches the host. The file format itself is held to its bytes natively.
 #include "OperatorActions.h"
+#include "workbench/Win32Text.h"
 
 #include <gtest/gtest.h>
 
@@ -17,30 +18,6 @@ namespace fs = std::filesystem;
 constexpr int kList = 8700, kExport = 8701, kImport = 8702, kCancel = 8571;
 constexpr int kIcn2055ExType = 65536 + 13;
 const wchar_t kLoaded[] = L"The parameter file has been loaded into the chip.";
-
-class TempFolder {
-public:
-    explicit TempFolder(const std::wstring& name)
-        : m_path(fs::temp_directory_path() / (L"regvane_pages_" + name)) {
-        fs::remove_all(m_path);
-        fs::create_directories(m_path);
-    }
-    ~TempFolder() {
-        std::error_code ignored;
-        fs::remove_all(m_path, ignored);
-    }
-    std::wstring File(const std::wstring& name) const { return (m_path / name).wstring(); }
-    void Write(const std::wstring& name, const std::string& bytes) const {
-        std::ofstream(m_path / name, std::ios::binary) << bytes;
-    }
-    std::string Read(const std::wstring& name) const {
-        std::ifstream in(m_path / name, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
-    }
-
-private:
-    fs::path m_path;
-};
 
 std::wstring Cell(HWND page, int row, int column) {
     wchar_t text[64] = {};
@@ -81,11 +58,32 @@ class ParamFilePages : public PageTest {
 protected:
     void SetUp() override {
         PageTest::SetUp();
+        // A folder of the test's own, not named in ASCII: a file dialog may leave the process in the
+        // last folder it showed, where it cannot be removed at once.
+        const std::wstring test = Wide(testing::UnitTest::GetInstance()->current_test_info()->name());
+        folder = fs::temp_directory_path() / (L"regvane_" + test + L"_\u53c2\u6570");
+        fs::remove_all(folder);
+        fs::create_directories(folder);
         chip.chipType = 193; // an ICN2055
         for (std::size_t i = 0; i < chip.regData2.size(); ++i)
             chip.regData2[i] = static_cast<std::uint8_t>(i * 5);
     }
+    void TearDown() override {
+        PageTest::TearDown();
+        std::error_code ignored;
+        fs::remove_all(folder, ignored);
+    }
 
+    std::wstring File(const std::wstring& name) const { return (folder / name).wstring(); }
+    void Write(const std::wstring& name, const std::string& bytes) const {
+        std::ofstream(folder / name, std::ios::binary) << bytes;
+    }
+    std::string Read(const std::wstring& name) const {
+        std::ifstream in(folder / name, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(in), {});
+    }
+
+    fs::path folder;
     SimulatedChip chip;
 };
 
@@ -132,9 +130,8 @@ TEST_F(ParamFilePages, EveryPageShowsItsTableUnderItsOwnNameWithoutWritingToTheC
 }
 
 TEST_F(ParamFilePages, ExportAsksForAFileProposingTheChipsNameAndSaysItSavedIt) {
-    TempFolder folder(L"export_\u53c2\u6570");
     HWND page = Open(kIcn2055ExType, &chip);
-    const std::wstring target = folder.File(L"\u5bc4\u5b58\u5668.csv");
+    const std::wstring target = File(L"\u5bc4\u5b58\u5668.csv");
     bool exportEnabledWhileOpen = true;
     const Outcome first = Press(page, kExport, {target},
                                 [&] { exportEnabledWhileOpen = IsWindowEnabled(Item(page, kExport)); });
@@ -148,7 +145,7 @@ TEST_F(ParamFilePages, ExportAsksForAFileProposingTheChipsNameAndSaysItSavedIt) 
     EXPECT_TRUE(first.boxes[0].hasInformationIcon);
     EXPECT_FALSE(exportEnabledWhileOpen) << "Export is disabled while it runs";
     EXPECT_TRUE(IsWindowEnabled(Item(page, kExport)));
-    const std::string written = folder.Read(L"\u5bc4\u5b58\u5668.csv");
+    const std::string written = Read(L"\u5bc4\u5b58\u5668.csv");
     EXPECT_EQ(std::count(written.begin(), written.end(), '\n'), 47);
     const std::string start = "CHIP_ICN2055_PARAMETER_FILE\r\nAddr,RReg,GReg,BReg\r\n0x00,0x00,0x05,0x0a\r\n";
     EXPECT_EQ(written.substr(0, start.size()), start);
@@ -173,11 +170,10 @@ TEST_F(ParamFilePages, CancellingEitherDialogDoesNothingAndSaysNothing) {
 }
 
 TEST_F(ParamFilePages, ImportHandsTheFileToTheHostAndCancelTakesItBack) {
-    TempFolder folder(L"import");
-    folder.Write(L"in.csv", "CHIP_ICN2055_PARAMETER_FILE,,,\r\nAddr,RReg,GReg,BReg\r\n0x00,0x40,0x80,0xc0\r\n"
-                            "0x01,0x41,0x81,0xc1\r\n"); // the other rows keep their values
+    Write(L"in.csv", "CHIP_ICN2055_PARAMETER_FILE,,,\r\nAddr,RReg,GReg,BReg\r\n0x00,0x40,0x80,0xc0\r\n"
+                     "0x01,0x41,0x81,0xc1\r\n"); // the other rows keep their values
     HWND page = Open(kIcn2055ExType, &chip);
-    const Outcome outcome = Press(page, kImport, {folder.File(L"in.csv")});
+    const Outcome outcome = Press(page, kImport, {File(L"in.csv")});
     ASSERT_EQ(outcome.dialogs.size(), 1u);
     EXPECT_EQ(outcome.dialogs[0].proposedName, L"");
     ASSERT_EQ(outcome.boxes.size(), 1u);
@@ -200,12 +196,10 @@ TEST_F(ParamFilePages, ImportHandsTheFileToTheHostAndCancelTakesItBack) {
 }
 
 TEST_F(ParamFilePages, AnotherChipsFileIsRefusedInTheOperatorsLanguage) {
-    TempFolder folder(L"refused");
-    folder.Write(L"other.csv",
-                 "CHIP_ICN2065_PARAMETER_FILE\r\nAddr,RReg,GReg,BReg\r\n0x00,0x01,0x02,0x03\r\n");
+    Write(L"other.csv", "CHIP_ICN2065_PARAMETER_FILE\r\nAddr,RReg,GReg,BReg\r\n0x00,0x01,0x02,0x03\r\n");
     const auto before = chip.regData2;
     HWND page = Open(kIcn2055ExType, &chip);
-    Outcome outcome = Press(page, kImport, {folder.File(L"other.csv")});
+    Outcome outcome = Press(page, kImport, {File(L"other.csv")});
     ASSERT_EQ(outcome.boxes.size(), 1u);
     EXPECT_EQ(outcome.boxes[0].text,
               L"The parameter file could not be loaded. Check that it is a parameter file of this chip.");
@@ -215,7 +209,7 @@ TEST_F(ParamFilePages, AnotherChipsFileIsRefusedInTheOperatorsLanguage) {
     EXPECT_EQ(chip.CallNames(false), Calls{});
 
     InstallHostCallback(1);
-    outcome = Press(page, kImport, {folder.File(L"other.csv")});
+    outcome = Press(page, kImport, {File(L"other.csv")});
     ASSERT_EQ(outcome.boxes.size(), 1u);
     EXPECT_EQ(outcome.boxes[0].text,
               L"\u53c2\u6570\u6587\u4ef6\u5bfc\u5165\u5931\u8d25\uff0c\u8bf7\u786e\u8ba4"
@@ -223,26 +217,24 @@ TEST_F(ParamFilePages, AnotherChipsFileIsRefusedInTheOperatorsLanguage) {
 }
 
 TEST_F(ParamFilePages, AnExportThatCannotWriteSaysSoAndKeepsTheEarlierFile) {
-    TempFolder folder(L"blocked");
-    folder.Write(L"keep.csv", "earlier file");
+    Write(L"keep.csv", "earlier file");
     // The export writes beside its target first; a folder in that place makes the write fail.
-    fs::create_directories(fs::path(folder.File(L"keep.csv.regvane-part")));
+    fs::create_directories(fs::path(File(L"keep.csv.regvane-part")));
     HWND page = Open(kIcn2055ExType, &chip);
-    const Outcome outcome = Press(page, kExport, {folder.File(L"keep.csv")});
+    const Outcome outcome = Press(page, kExport, {File(L"keep.csv")});
     ASSERT_EQ(outcome.boxes.size(), 1u);
     EXPECT_EQ(outcome.boxes[0].text, L"The parameter file could not be saved.");
     EXPECT_TRUE(outcome.boxes[0].hasInformationIcon);
-    EXPECT_EQ(folder.Read(L"keep.csv"), "earlier file");
+    EXPECT_EQ(Read(L"keep.csv"), "earlier file");
 }
 
 TEST_F(ParamFilePages, Mbi5292TellsAWrongTagApartWithAnErrorIcon) {
-    TempFolder folder(L"mbi5292");
-    folder.Write(L"wrong.csv", "CHIP_ICN2055_PARAMETER_FILE\r\nRegister Count: 1\r\n1,2,3,4,5,6,7,8\r\n");
-    folder.Write(L"right.csv", "MBI5292\r\nRegister Count: 1\r\n\r\n1,2,3,4,5,6,7,8\r\n");
+    Write(L"wrong.csv", "CHIP_ICN2055_PARAMETER_FILE\r\nRegister Count: 1\r\n1,2,3,4,5,6,7,8\r\n");
+    Write(L"right.csv", "MBI5292\r\nRegister Count: 1\r\n\r\n1,2,3,4,5,6,7,8\r\n");
     HWND page = Open(65536 + 107, &chip);
-    const Outcome wrong = Press(page, kImport, {folder.File(L"wrong.csv")});
+    const Outcome wrong = Press(page, kImport, {File(L"wrong.csv")});
     EXPECT_EQ(chip.CallNames(false), Calls{});
-    const Outcome right = Press(page, kImport, {folder.File(L"right.csv")});
+    const Outcome right = Press(page, kImport, {File(L"right.csv")});
     ASSERT_EQ(wrong.boxes.size(), 1u);
     EXPECT_EQ(wrong.boxes[0].text, L"This file is not a parameter file of this chip.");
     EXPECT_TRUE(wrong.boxes[0].hasErrorIcon);
