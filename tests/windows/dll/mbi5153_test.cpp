@@ -246,30 +246,19 @@ TEST_F(Mbi5153Page, DefaultWritesTheChipMakersValuesInOrder) {
     EXPECT_EQ(ItemText(page, kCurrents[kRed]), L"14.25 mA") << "the current follows the reset resistance";
 }
 
+// OK and Cancel are the chip-page skeleton's (the described page's test drives them after changes);
+// here the page's snapshot covers block and record.
 TEST_F(Mbi5153Page, OkRunsTheChangeTestAndCancelPutsTheSnapshotBack) {
     HWND page = Open(chip);
-    Click(page, kOk);
-    EXPECT_EQ(chip.CallNames(false), Calls{"UpdateHostState"});
-    EXPECT_FALSE(IsWindow(page));
-
-    page = Open(chip);
-    chip.regData[3] ^= 0x01; // the chip now differs from this page's snapshot
+    chip.regData4[9] = 1; // the chip now differs from this page's snapshot
     Click(page, kOk);
     EXPECT_EQ(chip.CallNames(false), (Calls{"MarkModified", "UpdateHostState"}));
-    EXPECT_FALSE(IsWindow(page));
-    chip.regData[3] ^= 0x01;
-
-    page = Open(chip);
-    Click(page, kCancel); // even without a change
-    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "SetRegData4"}));
     EXPECT_FALSE(IsWindow(page));
 
     const Record record = chip.regData4;
     page = Open(chip);
     MoveSlider(page, kSliders[kRed], 5);
     Type(page, kRecordByte9, L"3");
-    ASSERT_NE(chip.regData, kTypicalBlock);
-    ASSERT_NE(chip.regData4, record);
     chip.ClearLog();
     Click(page, kCancel);
     EXPECT_EQ(chip.regData, kTypicalBlock);
