@@ -1,18 +1,13 @@
 // A described page driven as an operator drives it: each kind of control, each colour mode and coding,
 // the link switch, a state that shows a row, a refused hexadecimal text, Default, OK and Cancel. The
 // page class and its layout are made up for the test; nothing here is a real chip.
-#include "TestHost.h"
+#include "OperatorActions.h"
 
-#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <string>
-#include <vector>
 
 namespace {
-
-using Calls = std::vector<std::string>;
 
 const char kTestPage[] = R"([page]
 class = CRegvaneDescribedTest
@@ -103,8 +98,7 @@ protected:
         path = WriteDescription(kTestPage);
     }
     void TearDown() override {
-        if (page && IsWindow(page))
-            DestroyWindow(page);
+        DestroyWindow(page);
         DeleteFileW(path.c_str());
     }
     void Open() {
@@ -115,33 +109,6 @@ protected:
         PumpMessages();
         chip.ClearLog();
     }
-    HWND Item(int id) const { return GetDlgItem(page, id); }
-    int SliderPos(int id) const { return static_cast<int>(SendMessageW(Item(id), TBM_GETPOS, 0, 0)); }
-    void Slide(int id, int position) {
-        SendMessageW(Item(id), TBM_SETPOS, TRUE, position);
-        SendMessageW(page, WM_HSCROLL, MAKEWPARAM(TB_THUMBPOSITION, position),
-                     reinterpret_cast<LPARAM>(Item(id)));
-    }
-    void Click(int id) {
-        SendMessageW(Item(id), BM_CLICK, 0, 0);
-        PumpMessages();
-    }
-    void Enter(int id, const wchar_t* text) {
-        SetWindowTextW(Item(id), text);
-        SendMessageW(Item(id), WM_KEYDOWN, VK_RETURN, 0);
-    }
-    // Focus in, text set, focus out: the edit reports the focus loss itself.
-    void TypeAndLeave(int id, const wchar_t* text) {
-        SetFocus(Item(id));
-        SendMessageW(Item(id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
-        SetFocus(Item(kFrameRate));
-        PumpMessages();
-    }
-    void Select(int id, int index) {
-        SendMessageW(Item(id), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-        SendMessageW(page, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(Item(id)));
-    }
-    bool Shown(int id) const { return (GetWindowLongPtrW(Item(id), GWL_STYLE) & WS_VISIBLE) != 0; }
 
     RegvaneLibrary& lib = RegvaneLibrary::Get();
     HostFrame frame;
@@ -155,15 +122,15 @@ TEST_F(DescribedPage, EveryControlWritesItsFieldInItsColoursAndTheChangeTestCove
     chip.regData[15] = 0x80;     // refresh stored 1: the first item
     Open();
     EXPECT_EQ(ItemText(page, kGainText[0]), L"49%");
-    EXPECT_EQ(SliderPos(kGain[0]), 31);
-    EXPECT_EQ(SendMessageW(Item(kBlanking), BM_GETCHECK, 0, 0), BST_CHECKED);
-    EXPECT_EQ(SendMessageW(Item(kRefresh), CB_GETCURSEL, 0, 0), 0);
+    EXPECT_EQ(SliderPos(page, kGain[0]), 31);
+    EXPECT_EQ(SendMessageW(Item(page, kBlanking), BM_GETCHECK, 0, 0), BST_CHECKED);
+    EXPECT_EQ(SendMessageW(Item(page, kRefresh), CB_GETCURSEL, 0, 0), 0);
     EXPECT_EQ(ItemText(page, kDelay[0]), L"1");
     EXPECT_EQ(ItemText(page, kFrameRate), L"60"); // record A holds 0: the edit keeps to its range
-    EXPECT_FALSE(Shown(kExtra));
+    EXPECT_FALSE(Shown(page, kExtra));
 
     // Link off: a gain change writes each colour's own slider.
-    Slide(kGain[1], 63);
+    MoveSlider(page, kGain[1], 63);
     EXPECT_EQ(chip.regData[3], 0xC0 | 31);
     EXPECT_EQ(chip.regData[5], 63);
     EXPECT_EQ(ItemText(page, kGainText[1]), L"194%");
@@ -171,33 +138,33 @@ TEST_F(DescribedPage, EveryControlWritesItsFieldInItsColoursAndTheChangeTestCove
                                        "GetRegDataEx", "MarkModified", "UpdateHostState"}));
 
     // Link on: the moved slider takes the other two along.
-    Click(kLink);
-    Slide(kGain[2], 20);
+    Click(page, kLink);
+    MoveSlider(page, kGain[2], 20);
     for (const int colour : {0, 1, 2}) {
-        EXPECT_EQ(SliderPos(kGain[colour]), 20);
+        EXPECT_EQ(SliderPos(page, kGain[colour]), 20);
         EXPECT_EQ(chip.regData[3 + 2 * colour] & 0x3F, 20);
         EXPECT_EQ(ItemText(page, kGainText[colour]), L"36%");
     }
-    Click(kLink);
+    Click(page, kLink);
 
-    Click(kBlanking); // one switch, every colour; bit 7 belongs to no field and stays
+    Click(page, kBlanking); // one switch, every colour; bit 7 belongs to no field and stays
     EXPECT_EQ(chip.regData[3], 0x80 | 20);
     EXPECT_EQ(chip.regData[5], 20);
-    Click(kBlanking);
+    Click(page, kBlanking);
     EXPECT_EQ(chip.regData[3], 0xC0 | 20);
     for (const int byte : {5, 7})
         EXPECT_EQ(chip.regData[byte], 0x40 | 20) << byte;
 
-    Enter(kDelay[1], L"8"); // shown from 1: stored 7, high bits in byte 11, low bit in byte 10
+    Enter(page, kDelay[1], L"8"); // shown from 1: stored 7, high bits in byte 11, low bit in byte 10
     EXPECT_EQ(chip.regData[11], 0x03);
     EXPECT_EQ(chip.regData[10], 0x01);
     EXPECT_EQ(chip.regData[9], 0x00);
 
-    Select(kRefresh, 1); // stored inverted
+    Select(page, kRefresh, 1); // stored inverted
     EXPECT_EQ(chip.regData[15], 0x00);
 
     chip.ClearLog();
-    Enter(kFrameRate, L"3000"); // 16 bits of record A, high byte first
+    Enter(page, kFrameRate, L"3000"); // 16 bits of record A, high byte first
     EXPECT_EQ(chip.regDataEx[0], 0x0B);
     EXPECT_EQ(chip.regDataEx[1], 0xB8);
     EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegDataEx", "MarkModified", "UpdateHostState"}));
@@ -205,19 +172,19 @@ TEST_F(DescribedPage, EveryControlWritesItsFieldInItsColoursAndTheChangeTestCove
     {
         MessageBoxWatcher boxes;
         const auto before = chip.regDataEx;
-        TypeAndLeave(kTrim, L"1g");
+        TypeAndLeave(page, kTrim, L"1g", kFrameRate);
         EXPECT_EQ(chip.regDataEx, before);
         EXPECT_EQ(ItemText(page, kTrim), L"00");
         ASSERT_EQ(boxes.Boxes().size(), 1u);
         EXPECT_EQ(boxes.Boxes()[0].text, L"Please enter one or two hexadecimal digits (0-9, a-f).");
     }
-    TypeAndLeave(kTrim, L"A");
+    TypeAndLeave(page, kTrim, L"A", kFrameRate);
     EXPECT_EQ(chip.regDataEx[2], 0x0A);
     EXPECT_EQ(ItemText(page, kTrim), L"0a");
 
     chip.regData[14] = 0x01; // a chip revision with the extra setting
     SendMessageW(page, 0x0903, 0, 0);
-    EXPECT_TRUE(Shown(kExtra));
+    EXPECT_TRUE(Shown(page, kExtra));
 }
 
 TEST_F(DescribedPage, DefaultWritesTheDescribedValuesAndCancelPutsBackWhatThePageSaw) {
@@ -226,7 +193,7 @@ TEST_F(DescribedPage, DefaultWritesTheDescribedValuesAndCancelPutsBackWhatThePag
     const auto block = chip.regData;
     const auto recordA = chip.regDataEx;
     Open();
-    Click(8025);
+    Click(page, 8025);
     for (const int byte : {3, 5, 7})
         EXPECT_EQ(chip.regData[byte], 0xC0 | 43) << byte; // bit 7 belongs to no field: kept
     for (const int byte : {9, 11, 13})
@@ -234,11 +201,11 @@ TEST_F(DescribedPage, DefaultWritesTheDescribedValuesAndCancelPutsBackWhatThePag
     EXPECT_EQ(chip.regDataEx[0], 0x07);
     EXPECT_EQ(chip.regDataEx[1], 0x80);
     EXPECT_EQ(chip.regDataEx[3], 0x77);
-    EXPECT_EQ(SliderPos(kGain[2]), 43);
+    EXPECT_EQ(SliderPos(page, kGain[2]), 43);
     EXPECT_EQ(ItemText(page, kGainText[2]), L"102%");
 
     chip.ClearLog();
-    Click(8571);
+    Click(page, 8571);
     EXPECT_EQ(chip.regData, block);
     EXPECT_EQ(chip.regDataEx, recordA);
     EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "SetRegData4", "SetRegDataEx"}));
@@ -247,7 +214,7 @@ TEST_F(DescribedPage, DefaultWritesTheDescribedValuesAndCancelPutsBackWhatThePag
 
 TEST_F(DescribedPage, OkWithNothingChangedOnlyTellsTheHostItsState) {
     Open();
-    Click(8570);
+    Click(page, 8570);
     EXPECT_EQ(chip.CallNames(false), (Calls{"UpdateHostState"}));
     EXPECT_FALSE(IsWindow(page));
 }

@@ -1,39 +1,32 @@
 // The FM612x pages opened through regvane.dll and driven like an operator does, against a simulated
-// chip: register bytes, labels and the calls the host sees.
-#include "TestHost.h"
+// chip: register bytes, labels and the calls the host sees. Each colour's copy of a register sits at
+// a parallel place: bytes W, X, Y, Z are 2, 3, 8, 9 for red, 4, 5, 10, 11 for green, 6, 7, 12, 13
+// for blue.
+#include "OperatorActions.h"
 
-#include "dialogs/chips/fm612x/Fm612xRegisters.h"
-
-#include <commctrl.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <array>
 #include <string>
-#include <vector>
 
 namespace {
 
-using namespace fm612x;
-using ColourIds = std::array<int, kColourCount>;
+enum Colour { kRed, kGreen, kBlue };
+using ColourIds = std::array<int, 3>;
+// Red's control id and green's and blue's after it.
+constexpr ColourIds Ids(int red) {
+    return {red, red + 1, red + 2};
+}
 
-constexpr int kFM6126Type = 179;
-constexpr int kFM6127Type = 184;
-constexpr int kFM6126EXType = 65536 + 15;
-constexpr int kFM6127EXType = 65536 + 25;
-constexpr int kFM6128Type = 120;
-constexpr int kFM6128ExType = 65536 + 41;
-constexpr int kFM6129Type = 259;
-constexpr int kFM6129ExType = 65536 + 48;
+constexpr int kFM6126Type = 179, kFM6127Type = 184, kFM6128Type = 120, kFM6129Type = 259;
+constexpr int kFM6126EXType = 65536 + 15, kFM6127EXType = 65536 + 25;
+constexpr int kFM6128ExType = 65536 + 41, kFM6129ExType = 65536 + 48;
 
-// Control ids of the pages (see the page headers).
-constexpr ColourIds kGainSliders{21001, 21002, 21003};
-constexpr ColourIds kGainPercent{21004, 21005, 21006};
-constexpr ColourIds kGainReference{21007, 21008, 21009};
-constexpr ColourIds kGainFraction{21010, 21011, 21012};
-constexpr ColourIds kGainCurrent{21013, 21014, 21015};
+constexpr ColourIds kGainSliders = Ids(21001), kGainPercent = Ids(21004), kGainReference = Ids(21007);
+constexpr ColourIds kGainFraction = Ids(21010), kGainCurrent = Ids(21013);
 constexpr int kGainLink = 21016, kGainShowCurrent = 21017, kGainDefault = 21018;
 
-// A page of the DLL in a host window tree, with the operator's ways of changing it.
+// A page of the DLL in a host window tree of its own; the host has not shown it yet.
 class Page {
 public:
     Page(int type, SimulatedChip& chip) {
@@ -41,69 +34,26 @@ public:
         m_window = RegvaneLibrary::Get().CreateRegvaneHwnd(type, &chip, nullptr, m_host.View());
     }
     ~Page() {
-        if (m_window && IsWindow(m_window))
+        if (IsWindow(m_window))
             DestroyWindow(m_window);
     }
-    HWND Window() const { return m_window; }
-    HWND Item(int id) const { return GetDlgItem(m_window, id); }
-    std::wstring Text(int id) const { return ItemText(m_window, id); }
-    std::string ClassName() const {
-        const char* name = RegvaneLibrary::Get().RegvaneDialogClassName(m_window);
-        return name ? name : "";
-    }
-
-    int SliderPos(int id) const { return static_cast<int>(SendMessageW(Item(id), TBM_GETPOS, 0, 0)); }
-    void MoveSlider(int id, int position) const {
-        SendMessageW(Item(id), TBM_SETPOS, TRUE, position);
-        SendMessageW(m_window, WM_HSCROLL, MAKEWPARAM(TB_THUMBPOSITION, position),
-                     reinterpret_cast<LPARAM>(Item(id)));
-    }
-    bool Checked(int id) const { return SendMessageW(Item(id), BM_GETCHECK, 0, 0) == BST_CHECKED; }
-    void Click(int id) const { SendMessageW(Item(id), BM_CLICK, 0, 0); }
-    void SetCheck(int id, bool checked) const {
-        if (Checked(id) != checked)
-            Click(id);
-    }
-    void Select(int id, int index) const {
-        SendMessageW(Item(id), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-        SendMessageW(m_window, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(Item(id)));
-    }
-    std::wstring ComboItem(int id, int index) const {
-        wchar_t text[128] = {};
-        SendMessageW(Item(id), CB_GETLBTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text));
-        return text;
-    }
-    int ComboSelection(int id) const { return static_cast<int>(SendMessageW(Item(id), CB_GETCURSEL, 0, 0)); }
-    // Typing a number and pressing Enter commits it.
-    void Type(int id, const wchar_t* text) const {
-        SetWindowTextW(Item(id), text);
-        SendMessageW(Item(id), WM_KEYDOWN, VK_RETURN, 0);
-    }
-    int EditValue(int id) const { return std::stoi(Text(id)); }
-    // Shown by the page (the page itself may not be shown by the host yet).
-    bool Shown(int id) const { return (GetWindowLongPtrW(Item(id), GWL_STYLE) & WS_VISIBLE) != 0; }
+    operator HWND() const { return m_window; }
 
 private:
     HostFrame m_host;
     HWND m_window = nullptr;
 };
 
-std::vector<std::string> Writes(const SimulatedChip& chip) {
-    return chip.CallNames(false);
+std::wstring ComboItem(HWND page, int id, int index) {
+    wchar_t text[128] = {};
+    SendMessageW(Item(page, id), CB_GETLBTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text));
+    return text;
 }
-const std::vector<std::string> kChangedCycle{"SetRegData", "MarkModified", "UpdateHostState"};
-const std::vector<std::string> kUnchangedCycle{"SetRegData", "UpdateHostState"};
-
-// Every byte but the listed ones is as it was.
-template <std::size_t N>
-void ExpectOnlyBytesChanged(const std::array<std::uint8_t, N>& before,
-                            const std::array<std::uint8_t, N>& after, std::vector<int> changed) {
-    for (std::size_t i = 0; i < N; ++i) {
-        if (std::find(changed.begin(), changed.end(), static_cast<int>(i)) == changed.end()) {
-            EXPECT_EQ(after[i], before[i]) << "byte " << i;
-        }
-    }
+int EditValue(HWND page, int id) {
+    return std::stoi(ItemText(page, id));
 }
+const Calls kChangedCycle{"SetRegData", "MarkModified", "UpdateHostState"};
+const Calls kUnchangedCycle{"SetRegData", "UpdateHostState"};
 
 TEST(Fm612xPages, EveryTypeOpensItsOwnPage) {
     const struct {
@@ -118,93 +68,94 @@ TEST(Fm612xPages, EveryTypeOpensItsOwnPage) {
         chip.count = 1;
         chip.regData2[31] = 0; // a count of 1 is already in the chip: nothing to write on opening
         Page page(expected.type, chip);
-        ASSERT_NE(page.Window(), nullptr) << expected.className;
-        EXPECT_EQ(page.ClassName(), expected.className);
-        // Opening a page reads the chip and never writes it.
-        EXPECT_TRUE(Writes(chip).empty()) << expected.className << ": " << chip.log.back().ToString();
+        ASSERT_NE(HWND(page), nullptr) << expected.className;
+        EXPECT_STREQ(RegvaneLibrary::Get().RegvaneDialogClassName(page), expected.className);
+        EXPECT_EQ(chip.CallNames(false), Calls{})
+            << expected.className << ": opening a page never writes the chip";
     }
 }
 
+// G5..G3 in W bits 2..0, G2 in X bit 7, G1..G0 in X bits 3..2, which the FM6126 stores inverted.
 TEST(Fm612xPages, Fm6126SlidersWriteTheInvertedGainIntoEachColourAlone) {
     SimulatedChip chip(kFM6126Type);
     chip.regData.fill(0xFF);
     chip.regData[2] = 0xF8 | 7;
     chip.regData[3] = 0x80 | 0x73; // bits 3..2 clear: FM6126 reads 63
     Page page(kFM6126Type, chip);
-    page.SetCheck(kGainLink, false);
-    EXPECT_EQ(page.SliderPos(kGainSliders[kRed]), 63);
-    EXPECT_EQ(page.Text(kGainPercent[kRed]), L"100%");
-    EXPECT_EQ(page.SliderPos(kGainSliders[kGreen]), 60); // 0xFF bytes: the inverted low bits read 0
+    SetCheck(page, kGainLink, false);
+    EXPECT_EQ(SliderPos(page, kGainSliders[kRed]), 63);
+    EXPECT_EQ(ItemText(page, kGainPercent[kRed]), L"100%");
+    EXPECT_EQ(SliderPos(page, kGainSliders[kGreen]), 60); // 0xFF bytes: the inverted low bits read 0
 
     const auto before = chip.regData;
     chip.ClearLog();
-    page.MoveSlider(kGainSliders[kGreen], 20);
-    EXPECT_EQ(ReadGain6(chip.regData, kGreen, kFm6126GainCoding), 20);
-    EXPECT_EQ(chip.regData[4], (0xFF & ~0x07) | (20 >> 3));
-    EXPECT_EQ(chip.regData[5], (0xFF & ~0x8C) | 0x80 | (((~20) & 3) << 2));
-    ExpectOnlyBytesChanged(before, chip.regData, {4, 5});
-    EXPECT_EQ(page.Text(kGainPercent[kGreen]), L"33%");
-    EXPECT_EQ(Writes(chip), kChangedCycle);
+    MoveSlider(page, kGainSliders[kGreen], 20); // 010 1 00: W gets 2, X keeps bit 7 and stores 11
+    auto expected = before;
+    expected[4] = 0xFA;
+    EXPECT_EQ(chip.regData, expected);
+    EXPECT_EQ(ItemText(page, kGainPercent[kGreen]), L"33%");
+    EXPECT_EQ(chip.CallNames(false), kChangedCycle);
 
     // Back where it started: the chip equals the snapshot again.
     chip.ClearLog();
-    page.MoveSlider(kGainSliders[kGreen], 60);
+    MoveSlider(page, kGainSliders[kGreen], 60);
     EXPECT_EQ(chip.regData, before);
-    EXPECT_EQ(Writes(chip), kUnchangedCycle);
+    EXPECT_EQ(chip.CallNames(false), kUnchangedCycle);
 }
 
 TEST(Fm612xPages, Fm6126LinkedSlidersAndDefaultAndTheSwitchesOutliveThePage) {
     SimulatedChip chip(kFM6126Type);
     {
         Page page(kFM6126Type, chip);
-        page.SetCheck(kGainLink, true);
-        page.MoveSlider(kGainSliders[kBlue], 30);
-        for (const Colour colour : kColours) {
-            EXPECT_EQ(page.SliderPos(kGainSliders[colour]), 30);
-            EXPECT_EQ(ReadGain6(chip.regData, colour, kFm6126GainCoding), 30);
+        SetCheck(page, kGainLink, true);
+        MoveSlider(page, kGainSliders[kBlue], 30); // 011 1 10: the low bits stored as 01
+        for (int colour = kRed; colour <= kBlue; ++colour) {
+            EXPECT_EQ(SliderPos(page, kGainSliders[colour]), 30);
+            EXPECT_EQ(chip.regData[2 + 2 * colour] & 0x07, 3) << colour;
+            EXPECT_EQ(chip.regData[3 + 2 * colour] & 0x8C, 0x84) << colour;
         }
         // A scroll from something that is no gain slider writes no gain.
         const auto before = chip.regData;
-        SendMessageW(page.Window(), WM_HSCROLL, MAKEWPARAM(TB_THUMBPOSITION, 50), 0);
+        SendMessageW(page, WM_HSCROLL, MAKEWPARAM(TB_THUMBPOSITION, 50), 0);
         EXPECT_EQ(chip.regData, before);
 
         chip.ClearLog();
-        page.Click(kGainDefault);
-        for (const Colour colour : kColours) {
-            EXPECT_EQ(page.SliderPos(kGainSliders[colour]), 60);
-            EXPECT_EQ(chip.regData[ByteOf(colour, ColourByte::W)] & 7, 7);
-            EXPECT_EQ(chip.regData[ByteOf(colour, ColourByte::X)], 0x80 | 0x0C);
-            EXPECT_EQ(page.Text(kGainPercent[colour]), L"95%");
+        Click(page, kGainDefault);
+        for (int colour = kRed; colour <= kBlue; ++colour) {
+            EXPECT_EQ(SliderPos(page, kGainSliders[colour]), 60);
+            EXPECT_EQ(chip.regData[2 + 2 * colour] & 7, 7);
+            EXPECT_EQ(chip.regData[3 + 2 * colour], 0x80 | 0x0C);
+            EXPECT_EQ(ItemText(page, kGainPercent[colour]), L"95%");
         }
-        EXPECT_EQ(Writes(chip), kChangedCycle);
+        EXPECT_EQ(chip.CallNames(false), kChangedCycle);
 
-        page.SetCheck(kGainShowCurrent, true);
-        EXPECT_EQ(page.Text(kGainFraction[kRed]), L"1.0"); // 0.953 shown to one place
-        EXPECT_EQ(page.Text(kGainCurrent[kRed]), L"0.95 mA");
-        page.Type(kGainReference[kGreen], L"500");
-        EXPECT_EQ(page.Text(kGainCurrent[kGreen]), L"1.91 mA");
-        EXPECT_EQ(page.Text(kGainCurrent[kRed]), L"0.95 mA");
-        EXPECT_TRUE(IsWindowEnabled(page.Item(kGainCurrent[kRed])));
+        SetCheck(page, kGainShowCurrent, true);
+        EXPECT_EQ(ItemText(page, kGainFraction[kRed]), L"1.0"); // 0.953 shown to one place
+        EXPECT_EQ(ItemText(page, kGainCurrent[kRed]), L"0.95 mA");
+        Enter(page, kGainReference[kGreen], L"500");
+        EXPECT_EQ(ItemText(page, kGainCurrent[kGreen]), L"1.91 mA");
+        EXPECT_EQ(ItemText(page, kGainCurrent[kRed]), L"0.95 mA");
+        EXPECT_TRUE(IsWindowEnabled(Item(page, kGainCurrent[kRed])));
     }
     // A new page of the same class starts with the operator's last choices.
     Page again(kFM6126Type, chip);
-    EXPECT_TRUE(again.Checked(kGainLink));
-    EXPECT_TRUE(again.Checked(kGainShowCurrent));
-    EXPECT_EQ(again.EditValue(kGainReference[kGreen]), 500);
-    EXPECT_EQ(again.Text(kGainCurrent[kGreen]), L"1.91 mA");
+    EXPECT_TRUE(Checked(again, kGainLink));
+    EXPECT_TRUE(Checked(again, kGainShowCurrent));
+    EXPECT_EQ(EditValue(again, kGainReference[kGreen]), 500);
+    EXPECT_EQ(ItemText(again, kGainCurrent[kGreen]), L"1.91 mA");
 
     // The switches are the FM6126's own: the FM6127 page keeps its own.
     SimulatedChip other(kFM6127Type);
     {
         Page fm6127(kFM6127Type, other);
-        EXPECT_FALSE(fm6127.Checked(kGainShowCurrent));
-        EXPECT_EQ(fm6127.EditValue(kGainReference[kGreen]), 1000);
+        EXPECT_FALSE(Checked(fm6127, kGainShowCurrent));
+        EXPECT_EQ(EditValue(fm6127, kGainReference[kGreen]), 1000);
     }
 
-    again.Type(kGainReference[kGreen], L"1000");
-    again.SetCheck(kGainShowCurrent, false);
-    EXPECT_FALSE(IsWindowEnabled(again.Item(kGainCurrent[kRed])));
-    again.SetCheck(kGainLink, false);
+    Enter(again, kGainReference[kGreen], L"1000");
+    SetCheck(again, kGainShowCurrent, false);
+    EXPECT_FALSE(IsWindowEnabled(Item(again, kGainCurrent[kRed])));
+    SetCheck(again, kGainLink, false);
 }
 
 TEST(Fm612xPages, Fm6127StoresItsGainAsItIsAndNamesTheModel) {
@@ -213,71 +164,63 @@ TEST(Fm612xPages, Fm6127StoresItsGainAsItIsAndNamesTheModel) {
     chip.regData[2] = 7;
     chip.regData[3] = 0x80;
     Page page(kFM6127Type, chip);
-    EXPECT_EQ(page.SliderPos(kGainSliders[kRed]), 60);
-    wchar_t title[128] = {};
-    GetWindowTextW(page.Window(), title, 128);
-    EXPECT_STREQ(title, L"FM6127 Chip Parameter Settings");
+    EXPECT_EQ(SliderPos(page, kGainSliders[kRed]), 60);
+    EXPECT_EQ(Title(page), L"FM6127 Chip Parameter Settings");
 
-    page.SetCheck(kGainLink, false);
-    page.Click(kGainDefault);
+    SetCheck(page, kGainLink, false);
+    Click(page, kGainDefault);
     EXPECT_EQ(chip.regData[5], 0x80); // the low bits of 60 are 0 and stored as they are
     EXPECT_EQ(chip.regData[4], 7);
 }
 
-constexpr ColourIds kExSliders{21101, 21102, 21103};
-constexpr ColourIds kExGainLabels{21104, 21105, 21106};
-constexpr ColourIds kExModeCombos{21107, 21108, 21109};
-constexpr ColourIds kExGhostCombos{21110, 21111, 21112};
-constexpr ColourIds kExLowGreyEdits{21113, 21114, 21115};
-constexpr ColourIds kExDelayEdits{21116, 21117, 21118};
+constexpr ColourIds kExSliders = Ids(21101), kExGainLabels = Ids(21104), kExModeCombos = Ids(21107);
+constexpr ColourIds kExGhostCombos = Ids(21110), kExLowGreyEdits = Ids(21113), kExDelayEdits = Ids(21116);
 constexpr int kExLink = 21119;
 
 TEST(Fm612xPages, Fm6126ExEditsAndCombosChangeOnlyTheirBits) {
     SimulatedChip chip;
     chip.regData.fill(0x00);
     Page page(kFM6126EXType, chip);
-    page.SetCheck(kExLink, false);
-    EXPECT_EQ(page.ComboItem(kExModeCombos[kRed], 0), L"Normal mode");
-    EXPECT_EQ(page.ComboItem(kExModeCombos[kRed], 1), L"Enhanced mode");
-    EXPECT_EQ(page.ComboItem(kExGhostCombos[kBlue], 3), L"3");
-    EXPECT_EQ(page.EditValue(kExLowGreyEdits[kGreen]), 2); // register 0 is step 2
-    EXPECT_EQ(page.Text(kExGainLabels[kRed]), L"1");
+    SetCheck(page, kExLink, false);
+    EXPECT_EQ(ComboItem(page, kExModeCombos[kRed], 0), L"Normal mode");
+    EXPECT_EQ(ComboItem(page, kExModeCombos[kRed], 1), L"Enhanced mode");
+    EXPECT_EQ(ComboItem(page, kExGhostCombos[kBlue], 3), L"3");
+    EXPECT_EQ(EditValue(page, kExLowGreyEdits[kGreen]), 2); // register 0 is step 2
+    EXPECT_EQ(ItemText(page, kExGainLabels[kRed]), L"1");
 
-    auto before = chip.regData;
+    auto expected = chip.regData;
     chip.ClearLog();
-    page.Type(kExLowGreyEdits[kGreen], L"0");
-    EXPECT_EQ(chip.regData[5], 0x20);
-    ExpectOnlyBytesChanged(before, chip.regData, {5});
-    EXPECT_EQ(Writes(chip), kChangedCycle);
+    Enter(page, kExLowGreyEdits[kGreen], L"0");
+    expected[5] = 0x20;
+    EXPECT_EQ(chip.regData, expected);
+    EXPECT_EQ(chip.CallNames(false), kChangedCycle);
 
-    before = chip.regData;
-    page.Type(kExDelayEdits[kBlue], L"5");
-    EXPECT_EQ(chip.regData[13], 0x02);
-    EXPECT_EQ(chip.regData[7], 0x01);
-    ExpectOnlyBytesChanged(before, chip.regData, {7, 13});
+    Enter(page, kExDelayEdits[kBlue], L"5"); // high two bits in Z, the low bit in X
+    expected[13] = 0x02;
+    expected[7] = 0x01;
+    EXPECT_EQ(chip.regData, expected);
 
-    before = chip.regData;
     chip.ClearLog();
-    page.Select(kExModeCombos[kGreen], 1);
-    page.Select(kExGhostCombos[kGreen], 3);
-    EXPECT_EQ(chip.regData[10], 0x01 | 0x18);
-    ExpectOnlyBytesChanged(before, chip.regData, {10});
-    EXPECT_EQ(page.ComboSelection(kExGhostCombos[kGreen]), 3);
+    Select(page, kExModeCombos[kGreen], 1);
+    Select(page, kExGhostCombos[kGreen], 3);
+    expected[10] = 0x01 | 0x18;
+    EXPECT_EQ(chip.regData, expected);
+    EXPECT_EQ(SendMessageW(Item(page, kExGhostCombos[kGreen]), CB_GETCURSEL, 0, 0), 3);
     EXPECT_EQ(chip.CountCalls("SetRegData"), 2);
 
-    page.MoveSlider(kExSliders[kRed], 4);
+    MoveSlider(page, kExSliders[kRed], 4);
     EXPECT_EQ(chip.regData[2], 0x80 | (4 << 3)); // the high range bit comes with every gain
     EXPECT_EQ(chip.regData[4] & 0x80, 0x80);
-    EXPECT_EQ(page.Text(kExGainLabels[kRed]), L"5");
+    EXPECT_EQ(ItemText(page, kExGainLabels[kRed]), L"5");
 
-    page.SetCheck(kExLink, true);
-    page.MoveSlider(kExSliders[kGreen], 9);
-    for (const Colour colour : kColours) {
-        EXPECT_EQ(page.SliderPos(kExSliders[colour]), 9);
-        EXPECT_EQ(ReadFm6126Ex(chip.regData, colour, Fm6126ExField::Gain), 9);
-        EXPECT_EQ(page.Text(kExGainLabels[colour]), L"10");
+    SetCheck(page, kExLink, true);
+    MoveSlider(page, kExSliders[kGreen], 9);
+    for (int colour = kRed; colour <= kBlue; ++colour) {
+        EXPECT_EQ(SliderPos(page, kExSliders[colour]), 9);
+        EXPECT_EQ(chip.regData[2 + 2 * colour], 0x80 | (9 << 3)) << colour;
+        EXPECT_EQ(ItemText(page, kExGainLabels[colour]), L"10");
     }
-    page.SetCheck(kExLink, false);
+    SetCheck(page, kExLink, false);
 }
 
 int Fm6127ExEdit(int setting, Colour colour) {
@@ -293,81 +236,79 @@ TEST(Fm612xPages, Fm6127ExWritesBothBuffersAndHasItsOwnChangeTest) {
     chip.regDataEx[0] = 0x5A;
     chip.sliderValue = 17;
     Page page(kFM6127EXType, chip);
-    wchar_t title[128] = {};
-    GetWindowTextW(page.Window(), title, 128);
-    EXPECT_STREQ(title, L"FM6127 Chip Parameter Settings");
-    EXPECT_EQ(page.SliderPos(21226), 17);
-    EXPECT_EQ(page.EditValue(Fm6127ExEdit(kFm6127ExLowGrey, kRed)), 1);
-    EXPECT_TRUE(page.Shown(21221));
-    EXPECT_EQ(page.ComboItem(21220, 1), L"High refresh");
+    EXPECT_EQ(Title(page), L"FM6127 Chip Parameter Settings");
+    EXPECT_EQ(SliderPos(page, 21226), 17);
+    EXPECT_EQ(EditValue(page, Fm6127ExEdit(kFm6127ExLowGrey, kRed)), 1);
+    EXPECT_TRUE(Shown(page, 21221));
+    EXPECT_EQ(ComboItem(page, 21220, 1), L"High refresh");
 
-    auto before = chip.regData;
+    auto expected = chip.regData;
     chip.ClearLog();
-    page.Type(Fm6127ExEdit(kFm6127ExGhostLevel, kBlue), L"5");
-    EXPECT_EQ(chip.regData[12], 0x08); // only two bits: 5 is kept as 1
-    ExpectOnlyBytesChanged(before, chip.regData, {12});
-    EXPECT_EQ(page.EditValue(Fm6127ExEdit(kFm6127ExGhostLevel, kBlue)), 1);
+    Enter(page, Fm6127ExEdit(kFm6127ExGhostLevel, kBlue), L"5");
+    expected[12] = 0x08; // only two bits: 5 is kept as 1
+    EXPECT_EQ(chip.regData, expected);
+    EXPECT_EQ(EditValue(page, Fm6127ExEdit(kFm6127ExGhostLevel, kBlue)), 1);
     EXPECT_EQ(chip.regDataEx[0], 0x5A);
-    EXPECT_EQ(Writes(chip), (std::vector<std::string>{"SetRegData", "SetRegDataEx", "MarkModified"}));
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "SetRegDataEx", "MarkModified"}));
 
-    before = chip.regData;
-    page.Type(Fm6127ExEdit(kFm6127ExPreCharge, kGreen), L"11");
-    EXPECT_EQ(chip.regData[4], 0x80);
-    EXPECT_EQ(chip.regData[10], 0x02);
-    EXPECT_EQ(chip.regData[11], 0x10);
-    ExpectOnlyBytesChanged(before, chip.regData, {4, 10, 11});
+    Enter(page, Fm6127ExEdit(kFm6127ExPreCharge, kGreen), L"11");
+    expected[4] = 0x80;
+    expected[10] = 0x02;
+    expected[11] = 0x10;
+    EXPECT_EQ(chip.regData, expected);
 
     // A global combo; bit 6 of byte 14 going away hides the extended group on the next fill.
-    page.Select(21222, 1);
+    Select(page, 21222, 1);
     EXPECT_EQ(chip.regData[9], 0x04);
     chip.regData[14] = 0;
-    SendMessageW(page.Window(), 0x0903, 0, 0);
-    EXPECT_FALSE(page.Shown(21221));
-    EXPECT_FALSE(page.Shown(21224));
-    EXPECT_TRUE(page.Shown(21220));
+    SendMessageW(page, 0x0903, 0, 0);
+    EXPECT_FALSE(Shown(page, 21221));
+    EXPECT_FALSE(Shown(page, 21224));
+    EXPECT_TRUE(Shown(page, 21220));
 
     // Everything back as it was when the page opened: "unchanged" only.
     chip.regData[14] = 0x40;
-    page.Select(21222, 0);
-    page.Type(Fm6127ExEdit(kFm6127ExPreCharge, kGreen), L"0");
+    Select(page, 21222, 0);
+    Enter(page, Fm6127ExEdit(kFm6127ExPreCharge, kGreen), L"0");
     chip.ClearLog();
-    page.Type(Fm6127ExEdit(kFm6127ExGhostLevel, kBlue), L"0");
-    EXPECT_EQ(Writes(chip), (std::vector<std::string>{"SetRegData", "SetRegDataEx", "UpdateHostState"}));
+    Enter(page, Fm6127ExEdit(kFm6127ExGhostLevel, kBlue), L"0");
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "SetRegDataEx", "UpdateHostState"}));
     // The host's own value counts as part of the chip.
     chip.sliderValue = 18;
     chip.ClearLog();
-    page.Type(Fm6127ExEdit(kFm6127ExGhostLevel, kBlue), L"2");
-    page.Type(Fm6127ExEdit(kFm6127ExGhostLevel, kBlue), L"0");
+    Enter(page, Fm6127ExEdit(kFm6127ExGhostLevel, kBlue), L"2");
+    Enter(page, Fm6127ExEdit(kFm6127ExGhostLevel, kBlue), L"0");
     EXPECT_EQ(chip.CountCalls("MarkModified"), 2);
     EXPECT_EQ(chip.CountCalls("UpdateHostState"), 0);
 }
 
-constexpr ColourIds k6128Sliders{21301, 21302, 21303};
-constexpr ColourIds k6128Labels{21304, 21305, 21306};
-constexpr int k6128Link = 21307;
-
+// The FM6128 gain in the large block: its six high bits in three copies (red 79, 85, 91; green 81,
+// 87, 93; blue 83, 89, 95), its low bit thrice in bits 2..0 of red 73, green 75, blue 77.
 TEST(Fm612xPages, Fm6128WritesItsGainCopiesIntoTheLargeBlock) {
+    constexpr ColourIds kSliders = Ids(21301), kLabels = Ids(21304);
+    constexpr int kLink = 21307;
     SimulatedChip chip(kFM6128Type);
     chip.regData2.fill(0xC0);
     Page page(kFM6128Type, chip);
-    page.SetCheck(k6128Link, false);
-    const auto before = chip.regData2;
+    SetCheck(page, kLink, false);
+    auto expected = chip.regData2;
     chip.ClearLog();
-    page.MoveSlider(k6128Sliders[kRed], 127);
-    for (const int byte : {79, 85, 91})
-        EXPECT_EQ(chip.regData2[byte], 0xC0 | 63) << byte;
-    EXPECT_EQ(chip.regData2[73], 0xC7);
-    ExpectOnlyBytesChanged(before, chip.regData2, {73, 79, 85, 91});
-    EXPECT_EQ(page.Text(k6128Labels[kRed]), L"99.06%");
-    EXPECT_EQ(Writes(chip), (std::vector<std::string>{"SetRegData2", "MarkModified", "UpdateHostState"}));
+    MoveSlider(page, kSliders[kRed], 127);
+    expected[79] = expected[85] = expected[91] = 0xC0 | 63;
+    expected[73] = 0xC7;
+    EXPECT_EQ(chip.regData2, expected);
+    EXPECT_EQ(ItemText(page, kLabels[kRed]), L"99.06%");
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData2", "MarkModified", "UpdateHostState"}));
 
-    page.SetCheck(k6128Link, true);
-    page.MoveSlider(k6128Sliders[kBlue], 64);
-    for (const Colour colour : kColours) {
-        EXPECT_EQ(ReadFm6128Gain(chip.regData2, colour), 64);
-        EXPECT_EQ(page.Text(k6128Labels[colour]), L"49.92%");
+    SetCheck(page, kLink, true);
+    MoveSlider(page, kSliders[kBlue], 64);
+    for (int colour = kRed; colour <= kBlue; ++colour) {
+        for (int copy : {79, 85, 91})
+            EXPECT_EQ(chip.regData2[copy + 2 * colour], 0xC0 | 32) << copy + 2 * colour;
+        EXPECT_EQ(chip.regData2[73 + 2 * colour], 0xC0);
+        EXPECT_EQ(ItemText(page, kLabels[colour]), L"49.92%");
     }
-    page.SetCheck(k6128Link, false);
+    SetCheck(page, kLink, false);
 }
 
 TEST(Fm612xPages, Fm6128ExStoresTheHostCountAndRealignsTheGainCopies) {
@@ -380,56 +321,53 @@ TEST(Fm612xPages, Fm6128ExStoresTheHostCountAndRealignsTheGainCopies) {
     EXPECT_EQ(chip.regData2[31], 0xC0 | 31);
     EXPECT_EQ(chip.regData2[85], 10);
     EXPECT_EQ(chip.regData2[91], 10);
-    EXPECT_EQ(page.Text(21310), L"32");
-    EXPECT_EQ(Writes(chip), (std::vector<std::string>{"SetRegData2", "MarkModified", "UpdateHostState"}));
+    EXPECT_EQ(ItemText(page, 21310), L"32");
+    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData2", "MarkModified", "UpdateHostState"}));
 
-    const auto before = chip.regData2;
-    page.Type(21311, L"3");
-    EXPECT_EQ(chip.regData2[33] & 0x0F, 3);
-    ExpectOnlyBytesChanged(before, chip.regData2, {33});
-    EXPECT_EQ(page.Text(21312), L"160ns");
+    auto expected = chip.regData2;
+    Enter(page, 21311, L"3");
+    expected[33] = static_cast<std::uint8_t>((expected[33] & 0xF0) | 3);
+    EXPECT_EQ(chip.regData2, expected);
+    EXPECT_EQ(ItemText(page, 21312), L"160ns");
 }
 
-constexpr ColourIds k6129Sliders{21401, 21402, 21403};
-constexpr ColourIds k6129Percent{21404, 21405, 21406};
-constexpr ColourIds k6129LowGrey{21407, 21408, 21409};
-constexpr ColourIds k6129Gain{21413, 21414, 21415};
-constexpr ColourIds k6129Current{21416, 21417, 21418};
-
 TEST(Fm612xPages, Fm6129TakesItsSliderRangeFromTheHostAndKeepsItsSwitchesToItself) {
+    constexpr ColourIds kSliders = Ids(21401), kPercent = Ids(21404), kLowGrey = Ids(21407),
+                        kGain = Ids(21413);
+    constexpr int kLink = 21419, kShowCurrent = 21420;
     SimulatedChip chip(kFM6129Type);
     chip.gainMin = 256;
     chip.gainMax = 512 + 63;
     chip.regData.fill(0xC0);
     chip.regData[3] = 0xC0 | 63;
     Page page(kFM6129Type, chip);
-    EXPECT_EQ(SendMessageW(page.Item(k6129Sliders[kGreen]), TBM_GETRANGEMIN, 0, 0), 0);
-    EXPECT_EQ(SendMessageW(page.Item(k6129Sliders[kGreen]), TBM_GETRANGEMAX, 0, 0), 63);
-    EXPECT_EQ(page.Text(k6129Percent[kRed]), L"100%");
+    EXPECT_EQ(SendMessageW(Item(page, kSliders[kGreen]), TBM_GETRANGEMIN, 0, 0), 0);
+    EXPECT_EQ(SendMessageW(Item(page, kSliders[kGreen]), TBM_GETRANGEMAX, 0, 0), 63);
+    EXPECT_EQ(ItemText(page, kPercent[kRed]), L"100%");
 
-    page.Click(21420); // show current
-    EXPECT_EQ(page.Text(k6129Gain[kRed]), L"100.0");
-    EXPECT_EQ(page.Text(k6129Current[kRed]), L"18.00 mA");
+    Click(page, kShowCurrent);
+    EXPECT_EQ(ItemText(page, kGain[kRed]), L"100.0");
+    EXPECT_EQ(ItemText(page, 21416), L"18.00 mA"); // red's current
 
-    const auto before = chip.regData;
-    page.MoveSlider(k6129Sliders[kBlue], 32);
-    EXPECT_EQ(chip.regData[7], 0xC0 | 32);
-    ExpectOnlyBytesChanged(before, chip.regData, {7});
-    EXPECT_EQ(page.Text(k6129Percent[kBlue]), L"52%");
+    auto expected = chip.regData;
+    MoveSlider(page, kSliders[kBlue], 32);
+    expected[7] = 0xC0 | 32;
+    EXPECT_EQ(chip.regData, expected);
+    EXPECT_EQ(ItemText(page, kPercent[kBlue]), L"52%");
 
-    page.Click(21419); // link
-    page.MoveSlider(k6129Sliders[kGreen], 10);
-    for (const Colour colour : kColours)
-        EXPECT_EQ(chip.regData[ByteOf(colour, ColourByte::X)], 0xC0 | 10);
-    EXPECT_EQ(page.Text(k6129Gain[kBlue]), L"17.2");
+    Click(page, kLink);
+    MoveSlider(page, kSliders[kGreen], 10);
+    for (int byte : {3, 5, 7})
+        EXPECT_EQ(chip.regData[byte], 0xC0 | 10) << byte;
+    EXPECT_EQ(ItemText(page, kGain[kBlue]), L"17.2");
 
-    page.Type(k6129LowGrey[kGreen], L"3");
+    Enter(page, kLowGrey[kGreen], L"3");
     EXPECT_EQ(chip.regData[11], 0xC3);
 
     Page second(kFM6129Type, chip);
-    EXPECT_FALSE(second.Checked(21419));
-    EXPECT_FALSE(second.Checked(21420));
-    EXPECT_EQ(second.EditValue(k6129LowGrey[kGreen]), 3);
+    EXPECT_FALSE(Checked(second, kLink));
+    EXPECT_FALSE(Checked(second, kShowCurrent));
+    EXPECT_EQ(EditValue(second, kLowGrey[kGreen]), 3);
 }
 
 TEST(Fm612xPages, Fm6129ExEditsTouchOneFieldAndTheSecondBufferCountsAsChange) {
@@ -437,29 +375,29 @@ TEST(Fm612xPages, Fm6129ExEditsTouchOneFieldAndTheSecondBufferCountsAsChange) {
     chip.modelName = "FM6129";
     chip.regData.fill(0x00);
     Page page(kFM6129ExType, chip);
-    wchar_t title[128] = {};
-    GetWindowTextW(page.Window(), title, 128);
-    EXPECT_STREQ(title, L"FM6129 Chip Extended Parameter Settings");
+    EXPECT_EQ(Title(page), L"FM6129 Chip Extended Parameter Settings");
 
     // Ghost level of green: 21501 + 3 x 3 + 1.
+    auto expected = chip.regData;
     chip.ClearLog();
-    page.Type(21511, L"12");
-    EXPECT_EQ(chip.regData[10], 0xC0);
-    EXPECT_EQ(Writes(chip), kChangedCycle);
-    page.Type(21511, L"99"); // the edit keeps to the field's range
+    Enter(page, 21511, L"12");
+    expected[10] = 0xC0;
+    EXPECT_EQ(chip.regData, expected);
+    EXPECT_EQ(chip.CallNames(false), kChangedCycle);
+    Enter(page, 21511, L"99"); // the edit keeps to the field's range
     EXPECT_EQ(chip.regData[10], 0xF0);
 
-    page.Type(21511, L"0");
+    Enter(page, 21511, L"0");
     chip.ClearLog();
-    page.Type(21501, L"0"); // unchanged value: the edit sends nothing
-    page.Type(21501, L"1");
-    page.Type(21501, L"0");
-    EXPECT_EQ(Writes(chip), (std::vector<std::string>{"SetRegData", "MarkModified", "UpdateHostState",
-                                                      "SetRegData", "UpdateHostState"}));
+    Enter(page, 21501, L"0"); // unchanged value: the edit sends nothing
+    Enter(page, 21501, L"1");
+    Enter(page, 21501, L"0");
+    EXPECT_EQ(chip.CallNames(false),
+              (Calls{"SetRegData", "MarkModified", "UpdateHostState", "SetRegData", "UpdateHostState"}));
     chip.regDataEx[3] = 1;
     chip.ClearLog();
-    page.Type(21501, L"1");
-    page.Type(21501, L"0");
+    Enter(page, 21501, L"1");
+    Enter(page, 21501, L"0");
     EXPECT_EQ(chip.CountCalls("MarkModified"), 2);
 }
 

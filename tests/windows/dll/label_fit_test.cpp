@@ -20,13 +20,6 @@
 
 namespace {
 
-std::wstring ClassOf(HWND window) {
-    wchar_t name[64] = {};
-    GetClassNameW(window, name, 64);
-    CharLowerW(name);
-    return name;
-}
-
 std::wstring TextOf(HWND window) {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
     text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
@@ -56,28 +49,27 @@ public:
     // How far one line's glyphs reach, drawn from the left edge: a control clips its text at its
     // edge, so only the blank the last glyphs leave may lie beyond it.
     int Reach(const std::wstring& text, UINT format) const {
-        const Picture picture = Draw(text, format);
+        int width = 0;
+        const std::vector<std::uint32_t> pixels = Draw(text, format, width);
         int reach = 0;
-        for (int y = 0; y < picture.height; ++y)
-            for (int x = picture.width - 1; x >= reach; --x)
-                if (picture.pixels[static_cast<std::size_t>(y * picture.width + x)] != kWhite) {
+        for (std::size_t row = 0; row < pixels.size(); row += static_cast<std::size_t>(width))
+            for (int x = width - 1; x >= reach; --x)
+                if (pixels[row + static_cast<std::size_t>(x)] != kWhite)
                     reach = x + 1;
-                    break;
-                }
         return reach;
     }
     // The characters of the text that come out as the box a font draws for a character it lacks:
     // neither the control's font nor a font linked to it has them.
     std::wstring Boxed(const std::wstring& text) const {
-        const Picture box = Draw(std::wstring(1, kNoFontHasIt), DT_NOPREFIX);
+        int width = 0;
+        const auto box = Draw(std::wstring(1, wchar_t(0xFFFF)), DT_NOPREFIX, width); // no character at all
         std::wstring boxed;
         for (const wchar_t c : text)
             if (c > L' ' && boxed.find(c) == std::wstring::npos &&
-                Draw(std::wstring(1, c), DT_NOPREFIX).pixels == box.pixels)
+                Draw(std::wstring(1, c), DT_NOPREFIX, width) == box)
                 boxed += c;
         return boxed;
     }
-    int Advance(const std::wstring& text) const { return Layout(text, DT_SINGLELINE | DT_NOPREFIX, 0).cx; }
     int HalfDigitWidth() const {
         int width = 0;
         GetCharWidth32W(m_dc, L'0', L'0', &width);
@@ -86,44 +78,33 @@ public:
 
 private:
     static constexpr std::uint32_t kWhite = 0xFFFFFF;
-    static constexpr wchar_t kNoFontHasIt = 0xFFFF; // not a character at all
 
-    struct Picture {
-        int width;
-        int height;
-        std::vector<std::uint32_t> pixels; // 0xRRGGBB, rows from the top
-    };
     // The text drawn black on white on one line, from the left edge, with room on the right for
-    // glyphs that overhang their advance.
-    Picture Draw(const std::wstring& text, UINT format) const {
+    // glyphs that overhang their advance: 0xRRGGBB pixels, rows from the top.
+    std::vector<std::uint32_t> Draw(const std::wstring& text, UINT format, int& width) const {
         const SIZE line = Layout(text, format | DT_SINGLELINE, 0);
-        Picture picture{line.cx + 2 * line.cy, line.cy, {}};
+        width = line.cx + 2 * line.cy;
         BITMAPINFO info{};
-        info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-        info.bmiHeader.biWidth = picture.width;
-        info.bmiHeader.biHeight = -picture.height; // top-down rows
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        info.bmiHeader.biCompression = BI_RGB;
+        info.bmiHeader = {sizeof(BITMAPINFOHEADER), width, -line.cy, 1, 32, BI_RGB}; // top-down rows
         void* bits = nullptr;
         HDC dc = CreateCompatibleDC(m_dc);
         HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
         HGDIOBJ oldBitmap = SelectObject(dc, bitmap);
         HGDIOBJ oldFont = SelectObject(dc, GetCurrentObject(m_dc, OBJ_FONT));
-        RECT area{0, 0, picture.width, picture.height};
+        RECT area{0, 0, width, line.cy};
         FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-        SetTextColor(dc, RGB(0, 0, 0));
         SetBkMode(dc, TRANSPARENT);
         DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &area, format | DT_SINGLELINE | DT_NOCLIP);
         GdiFlush();
-        const auto* pixels = static_cast<const std::uint32_t*>(bits);
-        for (int i = 0; i < picture.width * picture.height; ++i)
-            picture.pixels.push_back(pixels[i] & kWhite);
+        const auto* first = static_cast<const std::uint32_t*>(bits);
+        std::vector<std::uint32_t> pixels(first, first + width * line.cy);
+        for (std::uint32_t& pixel : pixels)
+            pixel &= kWhite;
         SelectObject(dc, oldFont);
         SelectObject(dc, oldBitmap);
         DeleteObject(bitmap);
         DeleteDC(dc);
-        return picture;
+        return pixels;
     }
 
     HWND m_control;
@@ -131,120 +112,39 @@ private:
     HGDIOBJ m_old;
 };
 
-struct Room {
-    int width;
-    int height;
-};
-
-Room ClientRoom(HWND control) {
-    RECT client{};
-    GetClientRect(control, &client);
-    return {client.right, client.bottom};
-}
-
 std::string Quoted(const std::wstring& text) {
-    std::string quoted(1, '"');
-    quoted += Utf8(text);
-    quoted += '"';
-    return quoted;
+    return '"' + Utf8(text) + '"';
 }
 
 // Where a text laid out as the control lays it out does not fit: empty when it fits. A text that
 // may wrap must not need more lines than there is room for; a line that cannot be broken (one
 // long word, or a single-line control) must not reach past the edge.
-std::string Misfit(const ControlDc& dc, const std::wstring& text, UINT format, Room room) {
+std::string Misfit(const ControlDc& dc, const std::wstring& text, UINT format, SIZE room) {
     if (const std::wstring boxed = dc.Boxed(text); !boxed.empty())
         return Quoted(text) + " draws " + Quoted(boxed) + " as boxes: no font has those letters";
-    const SIZE laidOut = dc.Layout(text, format, room.width);
-    if (laidOut.cy > room.height)
+    const SIZE laidOut = dc.Layout(text, format, room.cx);
+    if (laidOut.cy > room.cy)
         return Quoted(text) + " needs " + std::to_string(laidOut.cy) + " pixels of height to wrap into " +
-               std::to_string(room.width) + " pixels of width, has " + std::to_string(room.height);
-    if (laidOut.cx <= room.width)
+               std::to_string(room.cx) + " pixels of width, has " + std::to_string(room.cy);
+    const int reach = laidOut.cx <= room.cx ? 0 : dc.Reach(text, format & ~DT_WORDBREAK);
+    if (reach <= room.cx)
         return {};
-    const int reach = dc.Reach(text, format & ~DT_WORDBREAK);
-    if (reach <= room.width)
-        return {};
-    return Quoted(text) + " reaches " + std::to_string(reach) + " pixels, has " + std::to_string(room.width);
+    return Quoted(text) + " reaches " + std::to_string(reach) + " pixels, has " + std::to_string(room.cx);
 }
 
-// A static text is drawn over its whole client area, wrapped at spaces unless it is single-line.
-std::string StaticMisfit(HWND control) {
-    const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
-    UINT format = 0;
-    switch (style & SS_TYPEMASK) {
-    case SS_LEFT:
-    case SS_CENTER:
-    case SS_RIGHT:
-        format = DT_WORDBREAK | DT_EXPANDTABS;
-        break;
-    case SS_SIMPLE:
-    case SS_LEFTNOWORDWRAP:
-        format = DT_SINGLELINE;
-        break;
-    default:
-        return {}; // icons, bitmaps, frames: no text
-    }
-    if (style & SS_NOPREFIX)
-        format |= DT_NOPREFIX;
-    const std::wstring text = TextOf(control);
-    if (text.empty())
-        return {};
-    return Misfit(ControlDc(control), text, format, ClientRoom(control));
-}
-
-// A button draws its text inside its frame: a push button within its 3D edge and focus rectangle,
-// a check box or radio button to the right of its box, a group box between the frame's corners.
-std::string ButtonMisfit(HWND control) {
-    const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
-    const std::wstring text = TextOf(control);
-    if (text.empty())
-        return {};
-    ControlDc dc(control);
-    Room room = ClientRoom(control);
-    switch (style & BS_TYPEMASK) {
-    case BS_PUSHBUTTON:
-    case BS_DEFPUSHBUTTON:
-        room.width -= 2 * 3;
-        room.height -= 2 * 3;
-        break;
-    case BS_CHECKBOX:
-    case BS_AUTOCHECKBOX:
-    case BS_RADIOBUTTON:
-    case BS_AUTORADIOBUTTON:
-    case BS_3STATE:
-    case BS_AUTO3STATE:
-        room.width -= GetSystemMetrics(SM_CXMENUCHECK) + dc.HalfDigitWidth() + 1;
-        break;
-    case BS_GROUPBOX:
-        room.width -= 2 * 8;
-        break;
-    default:
-        return {}; // owner-drawn: the page draws it
-    }
-    const UINT format = (style & BS_MULTILINE) ? DT_WORDBREAK : DT_SINGLELINE;
-    return Misfit(dc, text, format, room);
-}
-
-// The findings about one control's items, one after another.
 void Note(std::string& misfits, const std::string& finding) {
-    if (finding.empty())
-        return;
-    if (!misfits.empty())
-        misfits += "; ";
-    misfits += finding;
+    if (!finding.empty())
+        misfits += (misfits.empty() ? "" : "; ") + finding;
 }
 
 // A drop-down list shows the chosen item on one line in the field beside its arrow.
-std::string ComboMisfit(HWND combo) {
-    COMBOBOXINFO info{};
-    info.cbSize = sizeof info;
+std::string ComboMisfits(HWND combo, const ControlDc& dc) {
+    COMBOBOXINFO info{sizeof info};
     if (!GetComboBoxInfo(combo, &info))
         return {};
-    const Room room{info.rcItem.right - info.rcItem.left - 2, info.rcItem.bottom - info.rcItem.top};
-    ControlDc dc(combo);
+    const SIZE room{info.rcItem.right - info.rcItem.left - 2, info.rcItem.bottom - info.rcItem.top};
     std::string misfits;
-    const LRESULT count = SendMessageW(combo, CB_GETCOUNT, 0, 0);
-    for (LRESULT i = 0; i < count; ++i) {
+    for (LRESULT i = 0; i < SendMessageW(combo, CB_GETCOUNT, 0, 0); ++i) {
         std::wstring item(static_cast<std::size_t>(SendMessageW(combo, CB_GETLBTEXTLEN, i, 0)) + 1, L'\0');
         item.resize(static_cast<std::size_t>(
             SendMessageW(combo, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(item.data()))));
@@ -256,50 +156,92 @@ std::string ComboMisfit(HWND combo) {
 
 // A list's column header draws each title between its margins, and shortens it with "..." once
 // its advance is wider than the room between them.
-std::string ListHeaderMisfit(HWND list) {
+std::string ListHeaderMisfits(HWND list) {
     HWND header = ListView_GetHeader(list);
     if (!header)
         return {};
     ControlDc dc(header);
-    const int margins = 2 * Header_GetBitmapMargin(header);
     std::string misfits;
     for (int i = 0; i < Header_GetItemCount(header); ++i) {
         wchar_t text[256] = {};
-        HDITEMW item{};
-        item.mask = HDI_TEXT | HDI_WIDTH;
+        HDITEMW item{HDI_TEXT | HDI_WIDTH};
         item.pszText = text;
         item.cchTextMax = 256;
         Header_GetItem(header, i, &item);
-        if (!*text)
-            continue;
-        const int needs = dc.Advance(text) + margins;
+        const int needs =
+            dc.Layout(text, DT_SINGLELINE | DT_NOPREFIX, 0).cx + 2 * Header_GetBitmapMargin(header);
         if (const std::wstring boxed = dc.Boxed(text); !boxed.empty())
             Note(misfits, "column " + Quoted(text) + " draws " + Quoted(boxed) + " as boxes");
-        else if (needs > item.cxy)
+        else if (*text && needs > item.cxy)
             Note(misfits, "column " + Quoted(text) + " needs " + std::to_string(needs) + " pixels, has " +
                               std::to_string(item.cxy));
     }
     return misfits;
 }
 
+// Where one control's texts do not fit. A static text is drawn over its whole client area, wrapped
+// at spaces unless it is single-line; a button draws its text inside its frame: a push button within
+// its 3D edge and focus rectangle, a check box or radio button to the right of its box, a group box
+// between the frame's corners.
+std::string ControlMisfits(HWND control) {
+    wchar_t name[64] = {};
+    GetClassNameW(control, name, 64);
+    CharLowerW(name);
+    const std::wstring kind = name;
+    if (kind == L"syslistview32")
+        return ListHeaderMisfits(control);
+    const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
+    const ControlDc dc(control);
+    RECT client{};
+    GetClientRect(control, &client);
+    SIZE room{client.right, client.bottom};
+    UINT format = DT_SINGLELINE;
+    if (kind == L"combobox") {
+        return ComboMisfits(control, dc);
+    } else if (kind == L"static") {
+        const LONG_PTR type = style & SS_TYPEMASK;
+        if (type == SS_LEFT || type == SS_CENTER || type == SS_RIGHT)
+            format = DT_WORDBREAK | DT_EXPANDTABS;
+        else if (type != SS_SIMPLE && type != SS_LEFTNOWORDWRAP)
+            return {}; // icons, bitmaps, frames: no text
+        if (style & SS_NOPREFIX)
+            format |= DT_NOPREFIX;
+    } else if (kind == L"button") {
+        switch (style & BS_TYPEMASK) {
+        case BS_PUSHBUTTON:
+        case BS_DEFPUSHBUTTON:
+            room = {room.cx - 2 * 3, room.cy - 2 * 3};
+            break;
+        case BS_CHECKBOX:
+        case BS_AUTOCHECKBOX:
+        case BS_RADIOBUTTON:
+        case BS_AUTORADIOBUTTON:
+        case BS_3STATE:
+        case BS_AUTO3STATE:
+            room.cx -= GetSystemMetrics(SM_CXMENUCHECK) + dc.HalfDigitWidth() + 1;
+            break;
+        case BS_GROUPBOX:
+            room.cx -= 2 * 8;
+            break;
+        default:
+            return {}; // owner-drawn: the page draws it
+        }
+        if (style & BS_MULTILINE)
+            format = DT_WORDBREAK;
+    } else {
+        return {};
+    }
+    const std::wstring text = TextOf(control);
+    return text.empty() ? std::string() : Misfit(dc, text, format, room);
+}
+
 // Every text of a page that does not fit, hidden controls included: the host's register kind or
 // the page itself shows them later, with the same text.
 std::vector<std::string> PageMisfits(HWND page) {
     std::vector<std::string> misfits;
-    for (HWND control = GetWindow(page, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT)) {
-        const std::wstring kind = ClassOf(control);
-        std::string misfit;
-        if (kind == L"static")
-            misfit = StaticMisfit(control);
-        else if (kind == L"button")
-            misfit = ButtonMisfit(control);
-        else if (kind == L"combobox")
-            misfit = ComboMisfit(control);
-        else if (kind == L"syslistview32")
-            misfit = ListHeaderMisfit(control);
-        if (!misfit.empty())
+    for (HWND control = GetWindow(page, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT))
+        if (const std::string misfit = ControlMisfits(control); !misfit.empty())
             misfits.push_back("control " + std::to_string(GetDlgCtrlID(control)) + ": " + misfit);
-    }
     return misfits;
 }
 
@@ -308,43 +250,22 @@ struct PageToCheck {
     int registerKind; // the host's register kind: it shows and renames the raw editor's controls
 };
 
-// The page classes the module ships a chip description for: their pages are laid out from it, with
-// the description's texts, whatever their row of the chip-type table says.
-std::set<std::wstring> DescribedClasses(HMODULE module) {
-    std::set<std::wstring> classes;
-    EnumResourceNamesW(
-        module, L"CHIPDESC",
-        [](HMODULE, LPCWSTR, LPWSTR name, LONG_PTR found) -> BOOL {
-            if (!IS_INTRESOURCE(name))
-                reinterpret_cast<std::set<std::wstring>*>(found)->insert(name);
-            return TRUE;
-        },
-        reinterpret_cast<LONG_PTR>(&classes));
-    return classes;
-}
-
-// One page of every class with texts of its own: the custom and the described pages. The other
-// generic pages are the raw register editor under their own template numbers, with its texts: the
-// editor stands for them, under every register kind a host can give, since each kind shows other
-// controls and names them differently.
+// One page of every class with texts of its own: the custom pages, and those laid out from a chip
+// description the module ships, with the description's texts. The other generic pages are the raw
+// register editor under their own template numbers, with its texts: the editor stands for them,
+// under every register kind a host can give, since each kind shows other controls and names them
+// differently.
 std::vector<PageToCheck> PagesToCheck(HMODULE module) {
-    constexpr int kRegisterKinds = 12;
-    const std::set<std::wstring> described = DescribedClasses(module); // resource names: upper case
     std::vector<PageToCheck> pages;
     std::set<std::string> seen;
     for (const CatalogEntry& row : ChipCatalog()) {
-        std::wstring upperName = Wide(row.className);
-        CharUpperW(upperName.data());
         const ChipClassInfo* info = FindChipClass(row.className);
-        const bool ownTexts = info && (info->custom || described.count(upperName));
-        if (!ownTexts || !seen.insert(row.className).second)
+        const bool described = FindResourceW(module, Wide(row.className).c_str(), L"CHIPDESC") != nullptr;
+        if (!info || !(info->custom || described) || !seen.insert(row.className).second)
             continue;
-        if (row.className == "CchipRegModify") {
-            for (int kind = 1; kind <= kRegisterKinds; ++kind)
-                pages.push_back({row, kind});
-        } else {
-            pages.push_back({row, 0});
-        }
+        const int registerKinds = row.className == "CchipRegModify" ? 12 : 0;
+        for (int kind = registerKinds ? 1 : 0; kind <= registerKinds; ++kind)
+            pages.push_back({row, kind});
     }
     return pages;
 }
@@ -389,10 +310,9 @@ std::vector<int> LanguagesWithTheirOwnFiles() {
 }
 
 std::string LanguageName(const ::testing::TestParamInfo<int>& info) {
-    std::wstring file = LanguageFilesForIndex(info.param).primary; // "Multi_Thai.ini" -> "Thai"
-    file = file.substr(6, file.size() - 10);
+    const std::wstring file = LanguageFilesForIndex(info.param).primary; // "Multi_Thai.ini" -> "Thai"
     std::string name;
-    for (const wchar_t c : file)
+    for (const wchar_t c : file.substr(6, file.size() - 10))
         if (iswalnum(c))
             name += static_cast<char>(c);
     return name;

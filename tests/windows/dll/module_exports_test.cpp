@@ -33,21 +33,3 @@ TEST(ModuleExports, ForeignWindowsHaveNoDialogClassName) {
 }
 
 } // namespace
-
-namespace {
-
-// The harness itself: a message box shown on the test thread is answered and its content seen.
-TEST(TestHarness, MessageBoxWatcherAnswersBoxesOnTheTestThread) {
-    MessageBoxWatcher watcher;
-    EXPECT_EQ(MessageBoxW(nullptr, L"Value must be hexadecimal", L"Host", MB_OK | MB_ICONINFORMATION), IDOK);
-    EXPECT_EQ(MessageBoxW(nullptr, L"Second", L"Host", MB_OK | MB_ICONERROR), IDOK);
-    const auto seen = watcher.Boxes();
-    ASSERT_EQ(seen.size(), 2u);
-    EXPECT_EQ(seen[0].text, L"Value must be hexadecimal");
-    EXPECT_EQ(seen[0].caption, L"Host");
-    EXPECT_TRUE(seen[0].hasInformationIcon);
-    EXPECT_FALSE(seen[0].hasErrorIcon);
-    EXPECT_TRUE(seen[1].hasErrorIcon);
-}
-
-} // namespace

@@ -3,9 +3,8 @@
 // is rebuilt (from a chip description instead of C++, say) must give the host exactly the same calls.
 //
 // REGVANE_RECORD_TRACES=1 writes the traces instead of comparing; review the diff before keeping one.
-#include "TestHost.h"
+#include "OperatorActions.h"
 
-#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -17,67 +16,55 @@
 
 namespace {
 
+// An operator session on one page: each step noted, then the host calls it caused with their bytes.
 class TracedSession {
 public:
     TracedSession(int type, SimulatedChip& chip) : m_chip(chip) {
         InstallHostCallback();
         m_chip.ClearLog();
-        Note("open");
-        m_window = RegvaneLibrary::Get().CreateRegvaneHwnd(type, &chip, L"", m_host.View());
-        Flush();
+        Step("open",
+             [&] { m_window = RegvaneLibrary::Get().CreateRegvaneHwnd(type, &chip, L"", m_host.View()); });
     }
     ~TracedSession() {
-        if (m_window && IsWindow(m_window))
+        if (IsWindow(m_window))
             DestroyWindow(m_window);
     }
-    HWND Window() const { return m_window; }
-    HWND Item(int id) const { return GetDlgItem(m_window, id); }
 
     void Slider(int id, int position) {
-        Note("slider " + std::to_string(id) + " " + std::to_string(position));
-        SendMessageW(Item(id), TBM_SETPOS, TRUE, position);
-        SendMessageW(m_window, WM_HSCROLL, MAKEWPARAM(TB_THUMBPOSITION, position),
-                     reinterpret_cast<LPARAM>(Item(id)));
-        Flush();
+        Step("slider " + Args(id, position), [&] { MoveSlider(m_window, id, position); });
     }
     void Select(int id, int index) {
-        Note("select " + std::to_string(id) + " " + std::to_string(index));
-        SendMessageW(Item(id), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-        SendMessageW(m_window, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(Item(id)));
-        Flush();
+        Step("select " + Args(id, index), [&] { ::Select(m_window, id, index); });
     }
     void Type(int id, const std::wstring& text) {
-        Note("type " + std::to_string(id) + " " + std::string(text.begin(), text.end()));
-        SetWindowTextW(Item(id), text.c_str());
-        SendMessageW(Item(id), WM_KEYDOWN, VK_RETURN, 0);
-        Flush();
+        Step("type " + std::to_string(id) + " " + std::string(text.begin(), text.end()),
+             [&] { Enter(m_window, id, text.c_str()); });
     }
     void Click(int id) {
-        Note("click " + std::to_string(id));
-        SendMessageW(Item(id), BM_CLICK, 0, 0);
-        Flush();
+        Step("click " + std::to_string(id), [&] { ::Click(m_window, id); });
     }
     void Reread() {
-        Note("host: read the chip again");
-        SendMessageW(m_window, 0x0903, 0, 0);
-        Flush();
+        Step("host: read the chip again", [&] { SendMessageW(m_window, 0x0903, 0, 0); });
     }
     void ShowAgain() {
-        Note("host: hide and show the page");
-        ShowWindow(m_window, SW_HIDE);
-        ShowWindow(m_window, SW_SHOW);
-        Flush();
+        Step("host: hide and show the page", [&] {
+            ShowWindow(m_window, SW_HIDE);
+            ShowWindow(m_window, SW_SHOW);
+        });
     }
+    // A change the host makes behind the page: noted, and the page hears of it only later.
     void Host(const std::string& what, const std::function<void()>& change) {
-        Note("host: " + what);
+        m_trace << "> host: " << what << "\n";
         change();
     }
 
     std::string Trace() const { return m_trace.str(); }
 
 private:
-    void Note(const std::string& step) { m_trace << "> " << step << "\n"; }
-    void Flush() {
+    static std::string Args(int id, int value) { return std::to_string(id) + " " + std::to_string(value); }
+    void Step(const std::string& step, const std::function<void()>& action) {
+        m_trace << "> " << step << "\n";
+        action();
         for (const HostCall& call : m_chip.log)
             m_trace << "  " << call.ToString() << "\n";
         m_chip.ClearLog();
@@ -128,26 +115,24 @@ void ExpectTrace(const std::string& className, const std::string& trace) {
 
 TEST(PageTraces, Fm6126ExGivesTheHostTheAcceptedCalls) {
     SimulatedChip chip = PatternChip("FM6126");
-    {
-        TracedSession page(65536 + 15, chip);
-        page.Click(21119); // link off (it starts off: this turns it on)
-        page.Click(21119);
-        page.Slider(21101, 4);
-        page.Slider(21102, 15);
-        page.Select(21109, 1);
-        page.Select(21111, 3);
-        page.Type(21113, L"5");
-        page.Type(21118, L"6");
-        page.Type(21116, L"0");
-        page.Click(21119);
-        page.Slider(21103, 12);
-        page.Click(21119);
-        page.Host("sets byte 8 to 0x19", [&] { chip.regData[8] = 0x19; });
-        page.Reread();
-        page.ShowAgain();
-        page.Slider(21101, 0);
-        ExpectTrace("CRegvaneFM6126EX", page.Trace());
-    }
+    TracedSession page(65536 + 15, chip);
+    page.Click(21119); // the link starts off: on, then off again
+    page.Click(21119);
+    page.Slider(21101, 4);
+    page.Slider(21102, 15);
+    page.Select(21109, 1);
+    page.Select(21111, 3);
+    page.Type(21113, L"5");
+    page.Type(21118, L"6");
+    page.Type(21116, L"0");
+    page.Click(21119);
+    page.Slider(21103, 12);
+    page.Click(21119);
+    page.Host("sets byte 8 to 0x19", [&] { chip.regData[8] = 0x19; });
+    page.Reread();
+    page.ShowAgain();
+    page.Slider(21101, 0);
+    ExpectTrace("CRegvaneFM6126EX", page.Trace());
 }
 
 TEST(PageTraces, Fm6127ExGivesTheHostTheAcceptedCalls) {

@@ -1,28 +1,18 @@
 // The raw register editor driven as an operator does: bytes typed into edits and confirmed by leaving
 // them, buttons clicked, and the host's register kind choosing what is shown.
-#include "TestHost.h"
-#include "dialogs/chips/ChipRegModifyModel.h"
+#include "OperatorActions.h"
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 namespace {
 
-using Calls = std::vector<std::string>;
-
 constexpr int kRawEditorType = 81;
-const wchar_t kInputTip[] = L"Please enter one or two hexadecimal digits (0-9, a-f).";
+constexpr int kReadAgain = 8025, kRestore = 8026, kPreset = 20013;
 
-bool Visible(HWND page, int id) {
-    return (GetWindowLongPtrW(GetDlgItem(page, id), GWL_STYLE) & WS_VISIBLE) != 0;
-}
-
-class RawEditor : public ::testing::Test {
+class RawEditor : public PageTest {
 protected:
     void SetUp() override {
-        InstallHostCallback();
+        PageTest::SetUp();
         for (std::size_t i = 0; i < chip.regData.size(); ++i)
             chip.regData[i] = static_cast<std::uint8_t>(0x10 + i);
         for (std::size_t i = 0; i < chip.regDataEx.size(); ++i)
@@ -30,96 +20,64 @@ protected:
         for (std::size_t i = 0; i < chip.regData3.size(); ++i)
             chip.regData3[i] = static_cast<std::uint8_t>(0xB0 + i);
     }
-    void TearDown() override {
-        if (page)
-            DestroyWindow(page);
-    }
+    void Open(SimulatedChip* target) { page = PageTest::Open(kRawEditorType, target); }
+    void Type(int id, const wchar_t* text) { TypeAndLeave(page, id, text, kReadAgain); }
 
-    HWND Open(IRegvane* host = nullptr) {
-        page = lib.CreateRegvaneHwnd(kRawEditorType, host ? host : &chip, L"", frame.View());
-        EXPECT_NE(page, nullptr);
-        ShowWindow(page, SW_SHOW);
-        PumpMessages();
-        chip.ClearLog();
-        return page;
-    }
-
-    // Focus in, text set, focus out to another control: the edit reports the focus loss itself.
-    void Type(int id, const wchar_t* text) {
-        HWND edit = GetDlgItem(page, id);
-        SetFocus(edit);
-        ASSERT_EQ(GetFocus(), edit);
-        SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
-        SetFocus(GetDlgItem(page, 8025));
-        PumpMessages();
-    }
-
-    void Click(int id) {
-        SendMessageW(GetDlgItem(page, id), BM_CLICK, 0, 0);
-        PumpMessages();
-    }
-
-    RegvaneLibrary& lib = RegvaneLibrary::Get();
-    HostFrame frame;
     SimulatedChip chip{kRawEditorType, 0};
     HWND page = nullptr;
 };
 
 TEST_F(RawEditor, ShowsEveryByteAsTwoLowerCaseDigitsAndWritesNothingWhileOpening) {
     chip.regData[9] = 0x0F;
-    page = lib.CreateRegvaneHwnd(kRawEditorType, &chip, L"", frame.View());
+    page = RegvaneLibrary::Get().CreateRegvaneHwnd(kRawEditorType, &chip, L"", host.View());
     ASSERT_NE(page, nullptr);
+    opened.push_back(page);
     EXPECT_EQ(chip.CallNames(false), Calls{}) << "opening the page changed the chip";
     EXPECT_EQ(ItemText(page, 8074), L"0f");
     EXPECT_EQ(ItemText(page, 8543), L"12");
     EXPECT_EQ(ItemText(page, 8084), L"a3");
     EXPECT_EQ(ItemText(page, 8090), L"b5");
-    wchar_t title[128] = {};
-    GetWindowTextW(page, title, 128);
-    EXPECT_STREQ(title, L"Chip registers - MBI5153");
+    EXPECT_EQ(Title(page), L"Chip registers - MBI5153");
 }
 
+// The typed byte's own record is read, patched and written; the change test reads block and record A.
 TEST_F(RawEditor, ATypedByteGoesToItsRecordAndTheChangeIsReported) {
-    Open();
+    Open(&chip);
+    const auto cycle = [](const std::string& record) {
+        return Calls{"Get" + record, "Set" + record, "GetRegData",
+                     "GetRegDataEx", "MarkModified", "UpdateHostState"};
+    };
     Type(8069, L"A");
     EXPECT_EQ(chip.regData[4], 0x0A);
-    // The byte's own record is read, patched and written; the change test reads block and record A.
-    EXPECT_EQ(chip.CallNames(), (Calls{"GetRegData", "SetRegData", "GetRegData", "GetRegDataEx",
-                                       "MarkModified", "UpdateHostState"}));
+    EXPECT_EQ(chip.regData[5], 0x15) << "only the typed byte changes";
+    EXPECT_EQ(chip.CallNames(), cycle("RegData"));
     EXPECT_EQ(chip.log.back().args, (std::vector<std::int64_t>{1, 1}));
-    EXPECT_EQ(chip.regData[3], 0x13) << "only the typed byte changes";
-    EXPECT_EQ(chip.regData[5], 0x15);
-    SendMessageW(page, 0x0903, 0, 0);
-    EXPECT_EQ(ItemText(page, 8069), L"0a");
-
     chip.ClearLog();
     Type(8082, L"ff");
     EXPECT_EQ(chip.regDataEx[1], 0xFF);
-    EXPECT_EQ(chip.CallNames(), (Calls{"GetRegDataEx", "SetRegDataEx", "GetRegData", "GetRegDataEx",
-                                       "MarkModified", "UpdateHostState"}));
-
+    EXPECT_EQ(chip.CallNames(), cycle("RegDataEx"));
     chip.ClearLog();
     Type(8090, L"Bc");
     EXPECT_EQ(chip.regData3[5], 0xBC);
     EXPECT_EQ(chip.regData3[4], 0xB4);
-    EXPECT_EQ(chip.CallNames(), (Calls{"GetRegData3", "SetRegData3", "GetRegData", "GetRegDataEx",
-                                       "MarkModified", "UpdateHostState"}));
+    EXPECT_EQ(chip.CallNames(), cycle("RegData3"));
+    SendMessageW(page, 0x0903, 0, 0);
+    EXPECT_EQ(ItemText(page, 8069), L"0a");
 }
 
 TEST_F(RawEditor, RefusedTextsShowTheTipBringTheOldTextBackAndWriteNothing) {
-    Open();
+    Open(&chip);
     MessageBoxWatcher watcher;
-    const wchar_t* refused[] = {L"1g", L"0ff", L"", L" 1", L"0x", L"-1", L"g"};
+    const wchar_t* refused[] = {L"1g", L"0ff", L"", L"-1"};
     for (const wchar_t* text : refused) {
         Type(8068, text);
         EXPECT_EQ(ItemText(page, 8068), L"13") << "after " << testing::PrintToString(std::wstring(text));
     }
     EXPECT_EQ(chip.CallNames(false), Calls{});
-    EXPECT_EQ(chip.regData[3], 0x13);
     const auto boxes = watcher.Boxes();
     ASSERT_EQ(boxes.size(), std::size(refused));
     for (const auto& box : boxes) {
-        EXPECT_EQ(box.text, kInputTip);
+        EXPECT_EQ(box.text, L"Please enter one or two hexadecimal digits (0-9, a-f).");
         EXPECT_EQ(box.caption, L"regvane_windows_tests");
         EXPECT_TRUE(box.hasInformationIcon);
     }
@@ -129,7 +87,7 @@ TEST_F(RawEditor, RefusedTextsShowTheTipBringTheOldTextBackAndWriteNothing) {
 }
 
 TEST_F(RawEditor, OnlyTheBlockAndTheFirstBytesOfRecordACountAsAChange) {
-    Open();
+    Open(&chip);
     Type(8068, L"13"); // the byte's own value
     EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "UpdateHostState"}));
 
@@ -152,28 +110,26 @@ TEST_F(RawEditor, OnlyTheBlockAndTheFirstBytesOfRecordACountAsAChange) {
 
 TEST_F(RawEditor, PresetPutsTheFirstRegisterOfEachColourTo3FA6) {
     chip.registerKind = 9;
-    Open();
-    ASSERT_TRUE(Visible(page, 20013));
-    Click(20013);
-    EXPECT_EQ(std::vector<std::uint8_t>(chip.regData.begin() + 2, chip.regData.begin() + 8),
-              (std::vector<std::uint8_t>{0xA6, 0x3F, 0xA6, 0x3F, 0xA6, 0x3F}));
-    EXPECT_EQ(chip.regData[1], 0x11);
-    EXPECT_EQ(chip.regData[8], 0x18);
+    Open(&chip);
+    ASSERT_TRUE(Shown(page, kPreset));
+    Click(page, kPreset);
+    EXPECT_EQ(std::vector<std::uint8_t>(chip.regData.begin() + 1, chip.regData.begin() + 9),
+              (std::vector<std::uint8_t>{0x11, 0xA6, 0x3F, 0xA6, 0x3F, 0xA6, 0x3F, 0x18}));
     EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "MarkModified", "UpdateHostState"}));
     EXPECT_EQ(ItemText(page, 8543), L"a6");
     EXPECT_EQ(ItemText(page, 8072), L"3f");
 }
 
 TEST_F(RawEditor, ReadAgainShowsTheChipAndRestorePutsBackWhatItHeldAtOpening) {
-    Open();
+    Open(&chip);
     Type(8070, L"99");
     Type(8081, L"01");
     chip.regData[15] = 0x77; // changed by the host behind the page
-    Click(8025);
+    Click(page, kReadAgain);
     EXPECT_EQ(ItemText(page, 8080), L"77");
 
     chip.ClearLog();
-    Click(8026);
+    Click(page, kRestore);
     EXPECT_EQ(chip.regData[5], 0x15);
     EXPECT_EQ(chip.regData[15], 0x1F);
     EXPECT_EQ(chip.regDataEx[0], 0xA0);
@@ -199,32 +155,28 @@ TEST_F(RawEditor, TheRegisterKindChoosesWhatIsShown) {
     for (const auto& k : kinds) {
         SCOPED_TRACE(k.kind);
         chip.registerKind = k.kind;
-        HWND p = lib.CreateRegvaneHwnd(kRawEditorType, &chip, L"", frame.View());
-        ASSERT_NE(p, nullptr);
-        EXPECT_EQ(Visible(p, 8074), k.second);
-        EXPECT_EQ(Visible(p, 8081), k.third);
-        EXPECT_EQ(Visible(p, 8085), k.fourth);
-        EXPECT_EQ(Visible(p, 20016), k.caption4);
-        EXPECT_EQ(Visible(p, 20616), k.caption1);
-        EXPECT_EQ(Visible(p, 20013), k.preset);
+        Open(&chip);
+        EXPECT_EQ(Shown(page, 8074), k.second);
+        EXPECT_EQ(Shown(page, 8081), k.third);
+        EXPECT_EQ(Shown(page, 8085), k.fourth);
+        EXPECT_EQ(Shown(page, 20016), k.caption4);
+        EXPECT_EQ(Shown(page, 20616), k.caption1);
+        EXPECT_EQ(Shown(page, kPreset), k.preset);
         for (int id : {8543, 8069, 8544})
-            EXPECT_EQ(IsWindowEnabled(GetDlgItem(p, id)) != FALSE, k.firstLowEnabled) << id;
-        EXPECT_TRUE(IsWindowEnabled(GetDlgItem(p, 8068)));
-        EXPECT_TRUE(Visible(p, 8543)) << "the first register is always shown";
+            EXPECT_EQ(IsWindowEnabled(Item(page, id)) != FALSE, k.firstLowEnabled) << id;
+        EXPECT_TRUE(IsWindowEnabled(Item(page, 8068)));
+        EXPECT_TRUE(Shown(page, 8543)) << "the first register is always shown";
+        EXPECT_EQ(Shown(page, 20607), k.kind != 11) << "CFG1 takes the place of the plain caption";
+        EXPECT_EQ(ItemText(page, 20014), k.kind == 11 ? L"CFG2" : L"Register 2");
         if (k.kind == 11) {
-            EXPECT_EQ(ItemText(p, 20616), L"CFG1");
-            EXPECT_EQ(ItemText(p, 20014), L"CFG2");
-            EXPECT_EQ(ItemText(p, 20015), L"CFG3");
-            EXPECT_EQ(ItemText(p, 20016), L"CFG4");
-            EXPECT_FALSE(Visible(p, 20607)) << "CFG1 takes the place of the plain caption";
-        } else {
-            EXPECT_EQ(ItemText(p, 20014), L"Register 2");
-            EXPECT_TRUE(Visible(p, 20607));
+            EXPECT_EQ(ItemText(page, 20616), L"CFG1");
+            EXPECT_EQ(ItemText(page, 20015), L"CFG3");
+            EXPECT_EQ(ItemText(page, 20016), L"CFG4");
         }
         // English names the fourth register's rows as the template does; that kind 12 takes them
         // from the language file shows in the Chinese test below.
-        EXPECT_EQ(ItemText(p, 8569), L"R4");
-        DestroyWindow(p);
+        EXPECT_EQ(ItemText(page, 8569), L"R4");
+        DestroyWindow(page);
     }
 }
 
@@ -232,23 +184,17 @@ TEST_F(RawEditor, ChineseTitleAndTexts) {
     InstallHostCallback(1);
     chip.registerKind = 12;
     chip.modelName = "SM16208";
-    Open();
-    wchar_t title[128] = {};
-    GetWindowTextW(page, title, 128);
-    EXPECT_STREQ(title, L"\u82af\u7247\u5bc4\u5b58\u5668 - SM16208");
+    Open(&chip);
+    EXPECT_EQ(Title(page), L"\u82af\u7247\u5bc4\u5b58\u5668 - SM16208");
     EXPECT_EQ(ItemText(page, 20014), L"\u5bc4\u5b58\u5668 2");
     EXPECT_EQ(ItemText(page, 8569), L"\u7ea2 4");
     InstallHostCallback();
 }
 
 TEST_F(RawEditor, WithoutAHostThePageShowsZerosAndWritesNowhere) {
-    page = lib.CreateRegvaneHwnd(kRawEditorType, nullptr, L"", frame.View());
-    ASSERT_NE(page, nullptr);
-    ShowWindow(page, SW_SHOW);
+    Open(nullptr);
     EXPECT_EQ(ItemText(page, 8543), L"00");
-    wchar_t title[128] = {};
-    GetWindowTextW(page, title, 128);
-    EXPECT_STREQ(title, L"Chip registers");
+    EXPECT_EQ(Title(page), L"Chip registers");
     Type(8543, L"5a");
     {
         MessageBoxWatcher watcher;
@@ -256,9 +202,9 @@ TEST_F(RawEditor, WithoutAHostThePageShowsZerosAndWritesNowhere) {
         EXPECT_EQ(watcher.Boxes().size(), 1u);
     }
     EXPECT_EQ(ItemText(page, 8068), L"00");
-    SendMessageW(page, WM_COMMAND, MAKEWPARAM(20013, BN_CLICKED), 0);
-    Click(8025);
-    Click(8026);
+    SendMessageW(page, WM_COMMAND, MAKEWPARAM(kPreset, BN_CLICKED), 0);
+    Click(page, kReadAgain);
+    Click(page, kRestore);
     SendMessageW(page, 0x0903, 0, 0);
     EXPECT_EQ(ItemText(page, 8543), L"00");
 }
