@@ -61,12 +61,15 @@ protected:
     HWND parent = nullptr, window = nullptr, other = nullptr;
 };
 
-TEST_F(NumberEdit, TypedValuesAreClampedReformattedAndReportedOnceWhenTheyChange) {
+TEST_F(NumberEdit, TypedAndKeyedValuesAreClampedShownInFormatAndReportedOnceWhenTheyChange) {
     CNumberEdit edit;
-    edit.SetRange(63, 0); // given the wrong way round
+    edit.SetRange(10, 0); // given the wrong way round
+    edit.SetStep(0.5);
+    edit.SetPrecision(1);
+    edit.SetUnit(L"V");
     edit.SetValue(5);
     ASSERT_TRUE(edit.SubclassWindow(window));
-    EXPECT_EQ(Text(), L"5");
+    EXPECT_EQ(Text(), L"5.0 V");
     EXPECT_EQ(g_notices, 0) << "values set by code are not reported";
 
     const struct {
@@ -74,39 +77,30 @@ TEST_F(NumberEdit, TypedValuesAreClampedReformattedAndReportedOnceWhenTheyChange
         const wchar_t* shown;
         int notices; // in all, so far
     } steps[] = {
-        {L"  40", L"40", 1}, {L"300", L"63", 2}, {L"999", L"63", 2}, // clamps to the value it has
-        {L"abc", L"63", 2},                                          // no number: the value comes back
-        {L"-7", L"0", 3},
+        {L"  4", L"4.0 V", 1},  {L"2.26", L"2.3 V", 2},
+        {L"300", L"10.0 V", 3}, {L"999", L"10.0 V", 3}, // clamps to the value it has
+        {L"abc", L"10.0 V", 3},                         // no number: the value comes back
+        {L"-7", L"0.0 V", 4},
     };
     for (const auto& step : steps) {
         Type(step.typed);
-        EXPECT_EQ(Text(), step.shown);
-        EXPECT_EQ(edit.GetValueInt(), _wtoi(step.shown));
-        EXPECT_EQ(g_notices, step.notices);
+        EXPECT_EQ(Text(), step.shown) << step.typed;
+        EXPECT_EQ(g_notices, step.notices) << step.typed;
     }
-}
 
-TEST_F(NumberEdit, EnterAndArrowKeysCommitAndStep) {
-    CNumberEdit edit;
-    edit.SetRange(0, 10);
-    edit.SetStep(0.5);
-    edit.SetPrecision(1);
-    edit.SetUnit(L"V");
-    ASSERT_TRUE(edit.SubclassWindow(window));
-    EXPECT_EQ(Text(), L"0.0 V");
-
+    // Enter commits without leaving the edit; Up and Down step.
     SetFocus(window);
     SetWindowTextW(window, L"2.26");
     SendMessageW(window, WM_KEYDOWN, VK_RETURN, 0);
     EXPECT_DOUBLE_EQ(edit.GetValue(), 2.3);
-    EXPECT_EQ(Text(), L"2.3 V");
     SendMessageW(window, WM_KEYDOWN, VK_UP, 0);
     EXPECT_DOUBLE_EQ(edit.GetValue(), 2.8);
     SendMessageW(window, WM_KEYDOWN, VK_DOWN, 0);
     SendMessageW(window, WM_KEYDOWN, VK_DOWN, 0);
     EXPECT_DOUBLE_EQ(edit.GetValue(), 1.8);
+    EXPECT_EQ(Text(), L"1.8 V");
     SetFocus(other);
-    EXPECT_EQ(g_notices, 4) << "leaving without a change reports nothing";
+    EXPECT_EQ(g_notices, 8) << "leaving without a change reports nothing";
 }
 
 TEST_F(NumberEdit, SpinButtonsStepTheValueWithinTheRangeAndFollowTheEdit) {
