@@ -1,6 +1,5 @@
 #include "WorkbenchProcess.h"
 
-#include "workbench/HostModule.h"
 #include "workbench/WorkbenchResources.h"
 
 #include <zlib.h>
@@ -137,6 +136,14 @@ Picture DecodePng(const std::string& png) {
                                                (filter && x >= 3 ? out[x - 3] : 0));
     }
     return picture;
+}
+
+LoadedModule::LoadedModule() {
+    const std::string error = module.Load();
+    if (!error.empty())
+        throw std::runtime_error("regvane.dll: " + error);
+    module.InitRegvane(&callback);
+    module.RegvaneLanguageChanged();
 }
 
 std::vector<std::wstring> LogLines(HWND main) {

@@ -3,6 +3,9 @@
 // read back from the workbench: its pictures and its call log.
 #pragma once
 
+#include "workbench/HostModule.h"
+#include "workbench/SimulatedChip.h"
+
 #include <windows.h>
 
 #include <cstdint>
@@ -51,6 +54,13 @@ struct Picture {
     }
 };
 Picture DecodePng(const std::string& png);
+
+// regvane.dll loaded in-process as the workbench loads it, told the host's callback and language.
+struct LoadedModule {
+    LoadedModule();
+    HostModule module;
+    SimulatedHostCallback callback;
+};
 
 // The lines of the workbench window's call log.
 std::vector<std::wstring> LogLines(HWND main);

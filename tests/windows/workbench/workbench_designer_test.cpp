@@ -26,15 +26,11 @@ void WaitForRedraw(MainWindow& window) {
 }
 
 TEST(WorkbenchDesigner, DrawsTheDescriptionAgainWhenItChangesOnTheSameChip) {
-    HostModule module;
-    ASSERT_EQ(module.Load(), "");
-    SimulatedHostCallback callback;
-    module.InitRegvane(&callback);
-    module.RegvaneLanguageChanged();
+    LoadedModule loaded;
     TempFolder folder;
     WorkbenchOptions options;
     options.profile = folder.Path();
-    MainWindow window(module, callback, options);
+    MainWindow window(loaded.module, loaded.callback, options);
     ASSERT_TRUE(window.Create());
     const std::wstring file = folder.File(L"CRegvane_SUM2018.desc");
     WriteFileBytes(file, Description(4, 500));

@@ -15,15 +15,11 @@ namespace {
 // of every page took their pictures on a busy machine: pictured before the display had them. Here
 // each page is shown and pictured at once, which is when that happens.
 TEST(WorkbenchPictures, EveryControlAPageShowsIsInItsPicture) {
-    HostModule module;
-    ASSERT_EQ(module.Load(), "");
-    SimulatedHostCallback callback;
-    module.InitRegvane(&callback);
-    module.RegvaneLanguageChanged();
+    LoadedModule loaded;
     TempFolder folder;
     for (const int type : {179, 65536 + 15, 120, 65536 + 13}) {
         SCOPED_TRACE("chip type " + std::to_string(type));
-        PageSession session(module, callback);
+        PageSession session(loaded.module, loaded.callback);
         HeadlessFrame frame(session);
         ASSERT_TRUE(session.Open(type, 0, frame.View(), nullptr, true).hasPage);
         HWND page = session.Page();

@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
-
 namespace {
 
 std::wstring Quote(const std::wstring& path) {
@@ -43,15 +41,7 @@ TEST(Workbench, AScriptDrivesTheMbi5153PageAndPrintsTheRegisterImages) {
     EXPECT_NE(run.out.find("    MarkModified\r\n    UpdateHostState(1, 1)"), std::string::npos);
     EXPECT_NE(run.out.find("    frame received 0x0904(12, 1)"), std::string::npos) << run.out;
 
-    // The picture is a PNG of the size the run reports.
-    std::smatch size;
-    ASSERT_TRUE(
-        std::regex_search(run.out, size, std::regex(R"(screenshot .*page\.png \((\d+) x (\d+) pixels)")))
-        << run.out;
-    const Picture picture = DecodePng(ReadFileBytes(profile.File(L"page.png")));
-    EXPECT_EQ(picture.width, std::stoi(size[1]));
-    EXPECT_EQ(picture.height, std::stoi(size[2]));
-    EXPECT_GT(picture.width, 100);
+    EXPECT_GT(DecodePng(ReadFileBytes(profile.File(L"page.png"))).width, 100) << "the page's picture";
 }
 
 TEST(Workbench, TheChipPersistsAcrossRunsUntilResetAndTheHostsChangesReachThePage) {

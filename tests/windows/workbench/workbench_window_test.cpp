@@ -21,11 +21,8 @@ bool LogHas(HWND main, const std::wstring& text) {
 class WorkbenchWindowTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_EQ(module.Load(), "");
-        module.InitRegvane(&callback);
-        module.RegvaneLanguageChanged();
         options.profile = profile.Path();
-        window = std::make_unique<MainWindow>(module, callback, options);
+        window = std::make_unique<MainWindow>(loaded.module, callback, options);
         ASSERT_TRUE(window->Create());
         main = window->Handle();
     }
@@ -36,8 +33,8 @@ protected:
         window->Refresh();
     }
 
-    HostModule module;
-    SimulatedHostCallback callback;
+    LoadedModule loaded;
+    SimulatedHostCallback& callback = loaded.callback;
     TempFolder profile;
     WorkbenchOptions options;
     std::unique_ptr<MainWindow> window;
