@@ -80,27 +80,21 @@ static int REGVANE_CALL UpdateHostState(IRegvane* This, int scope, int flags) {
     return 0;
 }
 
-/* The chip's records, read and written whole. */
-#define C_HOST_RECORD(Get, Set, field)                                                                       \
+/* The chip's records, read and written whole (SetRegData4 takes three values more). */
+#define C_HOST_RECORD(Get, Set, field, setParameters)                                                        \
     static void REGVANE_CALL Get(IRegvane* This, uint8_t* bytes) {                                           \
         memcpy(bytes, ChipOf(This)->field, sizeof ChipOf(This)->field);                                      \
     }                                                                                                        \
-    static void REGVANE_CALL Set(IRegvane* This, uint8_t* bytes) {                                           \
+    static void REGVANE_CALL Set setParameters {                                                             \
         memcpy(ChipOf(This)->field, bytes, sizeof ChipOf(This)->field);                                      \
         Log(This, #Set);                                                                                     \
     }
-C_HOST_RECORD(GetRegData, SetRegData, regData)
-C_HOST_RECORD(GetRegDataEx, SetRegDataEx, regDataEx)
-C_HOST_RECORD(GetRegData2, SetRegData2, regData2)
-C_HOST_RECORD(GetRegData3, SetRegData3, regData3)
-
-static void REGVANE_CALL GetRegData4(IRegvane* This, uint8_t* record) {
-    memcpy(record, ChipOf(This)->regData4, sizeof ChipOf(This)->regData4);
-}
-static void REGVANE_CALL SetRegData4(IRegvane* This, uint8_t* record, int value1, int value2, int value3) {
-    memcpy(ChipOf(This)->regData4, record, sizeof ChipOf(This)->regData4);
-    Log(This, "SetRegData4");
-}
+C_HOST_RECORD(GetRegData, SetRegData, regData, (IRegvane * This, uint8_t* bytes))
+C_HOST_RECORD(GetRegDataEx, SetRegDataEx, regDataEx, (IRegvane * This, uint8_t* bytes))
+C_HOST_RECORD(GetRegData2, SetRegData2, regData2, (IRegvane * This, uint8_t* bytes))
+C_HOST_RECORD(GetRegData3, SetRegData3, regData3, (IRegvane * This, uint8_t* bytes))
+C_HOST_RECORD(GetRegData4, SetRegData4, regData4,
+              (IRegvane * This, uint8_t* bytes, int value1, int value2, int value3))
 
 static void REGVANE_CALL GetICND3065ParamRows(IRegvane* This, RegvaneParamRowList* rows) {
     rows->rowCount = 0;
