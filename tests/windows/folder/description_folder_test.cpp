@@ -6,44 +6,33 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <string>
-#include <vector>
 
 namespace {
 
+namespace fs = std::filesystem;
 using Calls = std::vector<std::string>;
 
-constexpr int kRawPageType = 7; // a page class without a description of its own
-constexpr wchar_t kRawPageClass[] = L"CRegvane_SUM2018";
-constexpr int kDescribedType = 65536 + 48; // ships a description
-constexpr wchar_t kDescribedClass[] = L"CRegvaneFM6129Ex";
+constexpr int kRawPageType = 7;            // CRegvane_SUM2018, a page class without a description of its own
+constexpr int kDescribedType = 65536 + 48; // CRegvaneFM6129Ex, which ships a description
+constexpr int kRawByteEdit = 8543, kShippedFieldEdit = 21501;
 
-std::wstring ChipsFolder() {
-    wchar_t path[MAX_PATH];
-    const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
-    std::wstring folder(path, length);
-    return folder.substr(0, folder.find_last_of(L'\\') + 1) + L"..\\..\\Language\\Hw\\Regvane\\Chips\\";
-}
-
-std::wstring PathOf(const wchar_t* className) {
-    return ChipsFolder() + className + L".desc";
-}
-
-void Write(const wchar_t* className, const std::string& text) {
-    CreateDirectoryW(ChipsFolder().c_str(), nullptr);
-    HANDLE file =
-        CreateFileW(PathOf(className).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    ASSERT_NE(file, INVALID_HANDLE_VALUE);
-    DWORD written = 0;
-    WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
-    CloseHandle(file);
+fs::path PathOf(const char* className) {
+    wchar_t program[MAX_PATH];
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    return fs::path(program).parent_path() / "../../Language/Hw/Regvane/Chips" /
+           (className + std::string(".desc"));
 }
 
 // A description of one field, a byte of the block edited as a number, under the given control id.
-std::string OneField(const char* className, int byte, int id) {
-    return std::string("[page]\nclass = ") + className +
-           "\n[field test]\nlabel = \"Test byte\"\nbits = " + std::to_string(byte) +
-           "[7:0]\ncontrol = number\nids = " + std::to_string(id) + "\n";
+void Write(const char* className, int byte, int id, const std::string& mistake = "") {
+    fs::create_directories(PathOf(className).parent_path());
+    std::ofstream(PathOf(className), std::ios::binary)
+        << "[page]\nclass = " << className << "\n[field test]\nlabel = \"Test byte\"\nbits = " << byte
+        << "[7:0]\ncontrol = number\nids = " << id << "\n"
+        << mistake;
 }
 
 class DescriptionFolder : public ::testing::Test {
@@ -52,97 +41,67 @@ protected:
         InstallHostCallback();
         TearDown();
     }
-    void TearDown() override {
-        for (const wchar_t* name : {kRawPageClass, kDescribedClass})
-            DeleteFileW(PathOf(name).c_str());
-        RemoveDirectoryW(ChipsFolder().c_str());
-    }
+    void TearDown() override { fs::remove_all(PathOf("").parent_path()); }
     HWND Open(int type) {
         chip = SimulatedChip(static_cast<std::uint16_t>(type), 0);
         HWND page = lib.CreateRegvaneHwnd(type, &chip, L"", frame.View());
-        pages.push_back(page);
+        PumpMessages();
         return page;
-    }
-    static void Type(HWND page, int id, const wchar_t* text) {
-        SetWindowTextW(GetDlgItem(page, id), text);
-        SendMessageW(GetDlgItem(page, id), WM_KEYDOWN, VK_RETURN, 0);
     }
 
     RegvaneLibrary& lib = RegvaneLibrary::Get();
     HostFrame frame;
     SimulatedChip chip;
-    std::vector<HWND> pages;
 };
 
 TEST_F(DescriptionFolder, AFileDroppedIntoTheFolderTurnsARawPageIntoARealOne) {
-    HWND raw = Open(kRawPageType);
-    EXPECT_NE(GetDlgItem(raw, 8543), nullptr);
+    EXPECT_NE(GetDlgItem(Open(kRawPageType), kRawByteEdit), nullptr);
 
-    Write(kRawPageClass, OneField("CRegvane_SUM2018", 4, 500));
+    Write("CRegvane_SUM2018", 4, 500);
     HWND page = Open(kRawPageType);
-    ASSERT_NE(GetDlgItem(page, 500), nullptr);
-    EXPECT_EQ(GetDlgItem(page, 8543), nullptr);
+    HWND edit = GetDlgItem(page, 500);
+    ASSERT_NE(edit, nullptr);
+    EXPECT_EQ(GetDlgItem(page, kRawByteEdit), nullptr);
     EXPECT_STREQ(lib.RegvaneDialogClassName(page), "CRegvane_SUM2018");
     chip.ClearLog();
-    Type(page, 500, L"165");
+    SetWindowTextW(edit, L"165");
+    SendMessageW(edit, WM_KEYDOWN, VK_RETURN, 0);
     EXPECT_EQ(chip.regData[4], 165);
     EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "MarkModified", "UpdateHostState"}));
-}
 
-TEST_F(DescriptionFolder, AFileInTheFolderReplacesTheShippedDescriptionWhileItIsThere) {
-    EXPECT_NE(GetDlgItem(Open(kDescribedType), 21501), nullptr);
-    Write(kDescribedClass, OneField("CRegvaneFM6129Ex", 15, 600));
-    HWND replaced = Open(kDescribedType);
-    EXPECT_NE(GetDlgItem(replaced, 600), nullptr);
-    EXPECT_EQ(GetDlgItem(replaced, 21501), nullptr);
-    DeleteFileW(PathOf(kDescribedClass).c_str());
-    EXPECT_NE(GetDlgItem(Open(kDescribedType), 21501), nullptr);
-}
-
-TEST_F(DescriptionFolder, AFileIsReadOncePerVersion) {
-    Write(kRawPageClass, OneField("CRegvane_SUM2018", 4, 501));
-    ASSERT_NE(GetDlgItem(Open(kRawPageType), 501), nullptr);
-    // The same size and time as the file the module read: the module keeps what it parsed.
-    FILETIME written{};
-    HANDLE file = CreateFileW(PathOf(kRawPageClass).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                              OPEN_EXISTING, 0, nullptr);
-    GetFileTime(file, nullptr, nullptr, &written);
-    CloseHandle(file);
-    Write(kRawPageClass, OneField("CRegvane_SUM2018", 4, 502));
-    file = CreateFileW(PathOf(kRawPageClass).c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, 0,
-                       nullptr);
-    SetFileTime(file, nullptr, nullptr, &written);
-    CloseHandle(file);
-    EXPECT_NE(GetDlgItem(Open(kRawPageType), 501), nullptr);
-    // A new version is read again.
-    Write(kRawPageClass, OneField("CRegvane_SUM2018", 4, 5030));
+    // A new version of the file is read when the next page opens.
+    Write("CRegvane_SUM2018", 5, 5030);
     EXPECT_NE(GetDlgItem(Open(kRawPageType), 5030), nullptr);
 }
 
+TEST_F(DescriptionFolder, AFileInTheFolderReplacesTheShippedDescriptionWhileItIsThere) {
+    EXPECT_NE(GetDlgItem(Open(kDescribedType), kShippedFieldEdit), nullptr);
+    Write("CRegvaneFM6129Ex", 15, 600);
+    HWND replaced = Open(kDescribedType);
+    EXPECT_NE(GetDlgItem(replaced, 600), nullptr);
+    EXPECT_EQ(GetDlgItem(replaced, kShippedFieldEdit), nullptr);
+    fs::remove(PathOf("CRegvaneFM6129Ex"));
+    EXPECT_NE(GetDlgItem(Open(kDescribedType), kShippedFieldEdit), nullptr);
+}
+
 TEST_F(DescriptionFolder, ABrokenFileLeavesTheRawEditorWritesNothingAndIsToldOnce) {
-    std::string broken = OneField("CRegvane_SUM2018", 4, 500);
-    broken.replace(broken.find("label"), 5, "lable"); // line 4
-    Write(kRawPageClass, broken);
+    Write("CRegvane_SUM2018", 4, 500, "colour = red\n"); // line 8
     MessageBoxWatcher boxes;
     HWND page = Open(kRawPageType);
-    PumpMessages();
-    EXPECT_NE(GetDlgItem(page, 8543), nullptr);
+    EXPECT_NE(GetDlgItem(page, kRawByteEdit), nullptr);
     EXPECT_EQ(GetDlgItem(page, 500), nullptr);
     EXPECT_TRUE(chip.CallNames(false).empty());
     ASSERT_EQ(boxes.Boxes().size(), 1u);
     const std::wstring& text = boxes.Boxes()[0].text;
     EXPECT_NE(text.find(L"CRegvane_SUM2018.desc"), std::wstring::npos);
-    EXPECT_NE(text.find(L"line 4: unknown key"), std::wstring::npos) << std::string(text.begin(), text.end());
+    EXPECT_NE(text.find(L"line 8: unknown key"), std::wstring::npos) << std::string(text.begin(), text.end());
 
     Open(kRawPageType);
-    PumpMessages();
     EXPECT_EQ(boxes.Boxes().size(), 1u) << "told twice";
 
     // A broken replacement of a shipped description leaves that chip's raw registers too.
-    Write(kDescribedClass, "[page]\nclass = CRegvaneFM6129Ex\n");
-    HWND fallback = Open(kDescribedType);
-    PumpMessages();
-    EXPECT_NE(GetDlgItem(fallback, 8543), nullptr);
+    std::ofstream(PathOf("CRegvaneFM6129Ex")) << "[page]\nclass = CRegvaneFM6129Ex\n";
+    EXPECT_NE(GetDlgItem(Open(kDescribedType), kRawByteEdit), nullptr);
     EXPECT_EQ(boxes.Boxes().size(), 2u);
 }
 

@@ -1,133 +1,159 @@
 #include "WorkbenchProcess.h"
 
+#include "workbench/WorkbenchResources.h"
+
+#include <zlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 #include <stdexcept>
 
-namespace {
-
-std::wstring ProgramFolder() {
-    wchar_t path[MAX_PATH];
-    const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
-    std::wstring folder(path, length);
-    return folder.substr(0, folder.find_last_of(L'\\') + 1);
-}
-
-HANDLE InheritableFile(const std::wstring& path) {
-    SECURITY_ATTRIBUTES inherit{sizeof inherit, nullptr, TRUE};
-    return CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherit, CREATE_ALWAYS,
-                       FILE_ATTRIBUTE_NORMAL, nullptr);
-}
-
-void RemoveTree(const std::wstring& folder) {
-    WIN32_FIND_DATAW found;
-    HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &found);
-    if (search != INVALID_HANDLE_VALUE) {
-        do {
-            const std::wstring name = found.cFileName;
-            if (name == L"." || name == L"..")
-                continue;
-            const std::wstring path = folder + L"\\" + name;
-            if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
-                RemoveTree(path);
-            else
-                DeleteFileW(path.c_str());
-        } while (FindNextFileW(search, &found));
-        FindClose(search);
-    }
-    RemoveDirectoryW(folder.c_str());
-}
-
-} // namespace
-
 std::string WorkbenchRun::Line(const std::string& prefix) const {
-    std::size_t start = 0;
-    while (start < out.size()) {
-        const std::size_t end = out.find('\n', start);
-        std::string line = out.substr(start, end == std::string::npos ? std::string::npos : end - start);
+    std::istringstream lines(out);
+    for (std::string line; std::getline(lines, line);) {
+        line.erase(0, line.find_first_not_of(' '));
         if (!line.empty() && line.back() == '\r')
             line.pop_back();
-        const std::size_t text = line.find_first_not_of(' ');
-        if (text != std::string::npos && line.compare(text, prefix.size(), prefix) == 0)
-            return line.substr(text);
-        if (end == std::string::npos)
-            break;
-        start = end + 1;
+        if (line.rfind(prefix, 0) == 0)
+            return line;
     }
     return {};
 }
 
 TempFolder::TempFolder() {
-    wchar_t temp[MAX_PATH];
-    GetTempPathW(MAX_PATH, temp);
-    static LONG counter = 0;
-    m_path = std::wstring(temp) + L"regvane-workbench-test-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
-             std::to_wstring(InterlockedIncrement(&counter));
-    RemoveTree(m_path);
-    CreateDirectoryW(m_path.c_str(), nullptr);
+    static int counter = 0;
+    m_path = (std::filesystem::temp_directory_path() /
+              ("regvane-workbench-test-" + std::to_string(GetCurrentProcessId()) + "-" +
+               std::to_string(++counter)))
+                 .wstring();
+    std::filesystem::remove_all(m_path);
+    std::filesystem::create_directory(m_path);
 }
 
 TempFolder::~TempFolder() {
-    RemoveTree(m_path);
+    std::error_code ignored;
+    std::filesystem::remove_all(m_path, ignored);
 }
 
 std::vector<std::wstring> TempFolder::Files(const std::wstring& pattern) const {
     std::vector<std::wstring> names;
     WIN32_FIND_DATAW found;
-    HANDLE search = FindFirstFileW((m_path + L"\\" + pattern).c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE)
-        return names;
-    do {
-        if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
-            names.push_back(found.cFileName);
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
+    HANDLE search = FindFirstFileW(File(pattern).c_str(), &found);
+    for (bool more = search != INVALID_HANDLE_VALUE; more; more = FindNextFileW(search, &found))
+        names.push_back(found.cFileName);
+    if (search != INVALID_HANDLE_VALUE)
+        FindClose(search);
     return names;
 }
 
 WorkbenchRun RunWorkbench(const std::wstring& arguments, const std::wstring& workingFolder) {
     TempFolder outputs;
-    const std::wstring outPath = outputs.File(L"out.txt"), errPath = outputs.File(L"err.txt");
-    HANDLE out = InheritableFile(outPath), err = InheritableFile(errPath);
+    SECURITY_ATTRIBUTES inherit{sizeof inherit, nullptr, TRUE};
+    auto create = [&](const wchar_t* name) {
+        return CreateFileW(outputs.File(name).c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherit,
+                           CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    };
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESTDHANDLES;
     startup.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
-    startup.hStdOutput = out;
-    startup.hStdError = err;
+    startup.hStdOutput = create(L"out.txt");
+    startup.hStdError = create(L"err.txt");
     std::wstring commandLine = L"\"" + ProgramFolder() + L"RegvaneWorkbench.exe\" " + arguments;
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                        workingFolder.empty() ? nullptr : workingFolder.c_str(), &startup, &process))
+    const bool started =
+        CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                       workingFolder.empty() ? nullptr : workingFolder.c_str(), &startup, &process);
+    CloseHandle(startup.hStdOutput);
+    CloseHandle(startup.hStdError);
+    if (!started)
         throw std::runtime_error("RegvaneWorkbench.exe did not start");
-    CloseHandle(out);
-    CloseHandle(err);
     WaitForSingleObject(process.hProcess, INFINITE);
     WorkbenchRun run;
     GetExitCodeProcess(process.hProcess, &run.status);
     CloseHandle(process.hProcess);
     CloseHandle(process.hThread);
-    run.out = ReadFileBytes(outPath);
-    run.err = ReadFileBytes(errPath);
+    run.out = ReadFileBytes(outputs.File(L"out.txt"));
+    run.err = ReadFileBytes(outputs.File(L"err.txt"));
     return run;
 }
 
 std::string ReadFileBytes(const std::wstring& path) {
-    HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                              OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-        return {};
-    std::string bytes;
-    char buffer[4096];
-    DWORD read = 0;
-    while (ReadFile(file, buffer, sizeof buffer, &read, nullptr) && read)
-        bytes.append(buffer, read);
-    CloseHandle(file);
-    return bytes;
+    std::ifstream file(std::filesystem::path(path), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 void WriteFileBytes(const std::wstring& path, const std::string& bytes) {
-    HANDLE file =
-        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    DWORD written = 0;
-    WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-    CloseHandle(file);
+    std::ofstream(std::filesystem::path(path), std::ios::binary) << bytes;
+}
+
+namespace {
+
+std::uint32_t BigEndian(const std::string& bytes, std::size_t at) {
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < 4; ++i)
+        value = (value << 8) | static_cast<std::uint8_t>(bytes[at + i]);
+    return value;
+}
+
+} // namespace
+
+Picture DecodePng(const std::string& png) {
+    Picture picture;
+    if (png.compare(0, 8, "\x89PNG\r\n\x1A\n") != 0)
+        return {};
+    std::string packed;
+    for (std::size_t at = 8; at + 12 <= png.size(); at += 12 + BigEndian(png, at)) {
+        const std::uint32_t length = BigEndian(png, at);
+        if (at + 12 + length > png.size())
+            return {};
+        if (png.compare(at + 4, 4, "IHDR") == 0) {
+            picture.width = static_cast<int>(BigEndian(png, at + 8));
+            picture.height = static_cast<int>(BigEndian(png, at + 12));
+            if (png[at + 16] != 8 || png[at + 17] != 2)
+                return {};
+        } else if (png.compare(at + 4, 4, "IDAT") == 0) {
+            packed += png.substr(at + 8, length);
+        }
+    }
+    const std::size_t stride = static_cast<std::size_t>(picture.width) * 3;
+    std::vector<std::uint8_t> rows((stride + 1) * picture.height);
+    uLongf size = static_cast<uLongf>(rows.size());
+    if (uncompress(rows.data(), &size, reinterpret_cast<const Bytef*>(packed.data()),
+                   static_cast<uLong>(packed.size())) != Z_OK ||
+        size != rows.size())
+        return {};
+    // Rows are stored plain (filter 0) or as differences from the pixel to the left (filter 1).
+    picture.rgb.resize(stride * picture.height);
+    for (int y = 0; y < picture.height; ++y) {
+        const std::uint8_t filter = rows[y * (stride + 1)];
+        if (filter > 1)
+            return {};
+        std::uint8_t* out = &picture.rgb[y * stride];
+        for (std::size_t x = 0; x < stride; ++x)
+            out[x] = static_cast<std::uint8_t>(rows[y * (stride + 1) + 1 + x] +
+                                               (filter && x >= 3 ? out[x - 3] : 0));
+    }
+    return picture;
+}
+
+LoadedModule::LoadedModule() {
+    const std::string error = module.Load();
+    if (!error.empty())
+        throw std::runtime_error("regvane.dll: " + error);
+    module.InitRegvane(&callback);
+    module.RegvaneLanguageChanged();
+}
+
+std::vector<std::wstring> LogLines(HWND main) {
+    HWND log = GetDlgItem(main, IDC_CALL_LOG);
+    std::vector<std::wstring> lines;
+    for (int i = 0, count = static_cast<int>(SendMessageW(log, LB_GETCOUNT, 0, 0)); i < count; ++i) {
+        std::wstring line(static_cast<std::size_t>(SendMessageW(log, LB_GETTEXTLEN, i, 0)) + 1, L'\0');
+        line.resize(static_cast<std::size_t>(
+            SendMessageW(log, LB_GETTEXT, i, reinterpret_cast<LPARAM>(line.data()))));
+        lines.push_back(line);
+    }
+    return lines;
 }
