@@ -113,6 +113,38 @@ void ExpectTrace(const std::string& className, const std::string& trace) {
     EXPECT_FALSE(std::getline(got, gotLine)) << className << ": more calls than accepted: " << gotLine;
 }
 
+// The FM6126 and FM6127 gain pages: sliders alone and linked, the output-current read-out (which
+// the host never hears of), Default, and the host reading the chip again.
+void GainSliderSession(TracedSession& page, SimulatedChip& chip) {
+    page.Click(21016); // the link starts off: on, then off again
+    page.Slider(21003, 30);
+    page.Click(21016);
+    page.Slider(21001, 20);
+    page.Slider(21002, 63);
+    page.Click(21017);
+    page.Type(21008, L"500");
+    page.Click(21018);
+    page.Host("sets byte 3 to 0x0c", [&] { chip.regData[3] = 0x0C; });
+    page.Reread();
+    page.ShowAgain();
+    page.Slider(21001, 15);
+    page.Click(21017);
+}
+
+TEST(PageTraces, Fm6126GivesTheHostTheAcceptedCalls) {
+    SimulatedChip chip = PatternChip("FM6126");
+    TracedSession page(179, chip);
+    GainSliderSession(page, chip);
+    ExpectTrace("CRegvaneFM6126", page.Trace());
+}
+
+TEST(PageTraces, Fm6127GivesTheHostTheAcceptedCalls) {
+    SimulatedChip chip = PatternChip("FM6127");
+    TracedSession page(184, chip);
+    GainSliderSession(page, chip);
+    ExpectTrace("CRegvaneFM6127", page.Trace());
+}
+
 TEST(PageTraces, Fm6126ExGivesTheHostTheAcceptedCalls) {
     SimulatedChip chip = PatternChip("FM6126");
     TracedSession page(65536 + 15, chip);
