@@ -174,6 +174,13 @@ std::size_t FirstNonText(std::string_view text) {
     return std::string_view::npos;
 }
 
+// The id lists of a current read-out, each with the key that gives it.
+std::array<std::pair<const char*, const std::vector<int>*>, 3> CurrentIdLists(const Field& field) {
+    return {{{"reference-ids", &field.referenceIds},
+             {"fraction-ids", &field.fractionIds},
+             {"current-ids", &field.currentIds}}};
+}
+
 int LineOfOffset(std::string_view text, std::size_t offset) {
     return 1 + static_cast<int>(
                    std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(offset), '\n'));
@@ -323,6 +330,14 @@ private:
         return true;
     }
 
+    // The name of one of the module's read-out routines.
+    bool Routine(int line, std::string_view value, bool (*known)(std::string_view), std::string& out) {
+        if (!known(value))
+            return Fail(line, ErrorCode::BadValue, value);
+        out = std::string(value);
+        return true;
+    }
+
     bool Line(int number, std::string_view line);
     bool Header(int number, std::string_view name);
     bool PageKey(int number, std::string_view key, std::string_view value);
@@ -405,10 +420,28 @@ ParseResult Parser::Run(std::string_view text) {
         Fail(m_page.LineOf("buttons"), ErrorCode::MissingKey, "default");
         return *m_error;
     }
+    if (std::count_if(m_drafts.begin(), m_drafts.end(),
+                      [](const FieldDraft& d) { return d.Has("current"); }) > 1) {
+        const auto second = std::find_if(m_drafts.rbegin(), m_drafts.rend(),
+                                         [](const FieldDraft& d) { return d.Has("current"); });
+        Fail(second->LineOf("current"), ErrorCode::DuplicateKey, "current");
+        return *m_error;
+    }
+    if (page.defaultId && !page.defaultButton) {
+        Fail(m_page.LineOf("default-id"), ErrorCode::MissingKey, "buttons");
+        return *m_error;
+    }
     if (!CheckOverlaps() || !CheckIds())
         return *m_error;
     for (FieldDraft& draft : m_drafts)
         m_description.fields.push_back(std::move(draft.field));
+    // A fill from the chip must read every record a field shows.
+    for (const Source source : m_description.RecordsInUse())
+        if (!page.refreshReads.empty() && std::find(page.refreshReads.begin(), page.refreshReads.end(),
+                                                    source) == page.refreshReads.end()) {
+            Fail(m_page.LineOf("refresh-reads"), ErrorCode::MissingKey, std::string(SourceName(source)));
+            return *m_error;
+        }
     // Unless the page says otherwise, the change test covers the skeleton's two records and every
     // other record a field writes.
     if (!m_page.keyLines.count("change-test"))
@@ -536,6 +569,11 @@ bool Parser::PageKey(int number, std::string_view key, std::string_view value) {
     }
     if (key == "refresh-after-change")
         return YesNo(number, value, page.refreshAfterChange);
+    if (key == "refresh-reads")
+        return Sources(number, value, false, page.refreshReads) &&
+               (!page.refreshReads.empty() || Fail(number, ErrorCode::BadValue, value));
+    if (key == "default-id")
+        return Id(number, value, page.defaultId);
     if (key == "buttons") {
         for (std::string_view word : words) {
             if (word == "default")
@@ -662,16 +700,22 @@ bool Parser::FieldKey(int number, std::string_view key, std::string_view value) 
         return ParseStep(value, field.step) || Fail(number, ErrorCode::BadValue, value);
     if (key == "unit")
         return Text(number, value, field.unit);
-    if (key == "readout") {
-        if (!IsReadout(value))
-            return Fail(number, ErrorCode::BadValue, value);
-        field.readout = std::string(value);
-        return true;
-    }
+    if (key == "readout")
+        return Routine(number, value, IsReadout, field.readout);
     if (key == "ids")
         return Ids(number, value, field.ids);
     if (key == "readout-ids")
         return Ids(number, value, field.readoutIds);
+    if (key == "current")
+        return Routine(number, value, IsCurrentReadout, field.current);
+    if (key == "current-switch-id")
+        return Id(number, value, field.currentSwitchId);
+    if (key == "reference-ids")
+        return Ids(number, value, field.referenceIds);
+    if (key == "fraction-ids")
+        return Ids(number, value, field.fractionIds);
+    if (key == "current-ids")
+        return Ids(number, value, field.currentIds);
     if (key == "group")
         return Text(number, value, field.group);
     if (key == "show-if") {
@@ -791,6 +835,15 @@ bool Parser::FinishField(FieldDraft& draft) {
         return Fail(draft.LineOf("readout"), ErrorCode::BadValue, "readout");
     if ((draft.Has("step") || draft.Has("unit")) && field.control != Control::Number)
         return Fail(draft.LineOf(draft.Has("step") ? "step" : "unit"), ErrorCode::BadValue, "number");
+    // The current read-out belongs to a value per colour that the operator sets.
+    if (draft.Has("current") && (controls != kColourCount || !field.Editable()))
+        return Fail(draft.LineOf("current"), ErrorCode::BadValue, "current");
+    for (const char* key : {"current-switch-id", "reference-ids", "fraction-ids", "current-ids"})
+        if (draft.Has(key) && field.current.empty())
+            return Fail(draft.LineOf(key), ErrorCode::MissingKey, "current");
+    for (const auto& [key, ids] : CurrentIdLists(field))
+        if (!ids->empty() && ids->size() != kColourCount)
+            return Fail(draft.LineOf(key), ErrorCode::BadValue, key);
     return true;
 }
 
@@ -828,7 +881,8 @@ bool Parser::CheckIds() {
         seen.push_back(id);
         return true;
     };
-    if (!claim(m_description.page.linkId, m_page.LineOf("link-id")))
+    if (!claim(m_description.page.linkId, m_page.LineOf("link-id")) ||
+        !claim(m_description.page.defaultId, m_page.LineOf("default-id")))
         return false;
     for (const FieldDraft& draft : m_drafts) {
         if (!claim(draft.field.labelId, draft.LineOf("label-id")))
@@ -839,6 +893,12 @@ bool Parser::CheckIds() {
         for (const int id : draft.field.readoutIds)
             if (!claim(id, draft.LineOf("readout-ids")))
                 return false;
+        if (!claim(draft.field.currentSwitchId, draft.LineOf("current-switch-id")))
+            return false;
+        for (const auto& [key, ids] : CurrentIdLists(draft.field))
+            for (const int id : *ids)
+                if (!claim(id, draft.LineOf(key)))
+                    return false;
     }
     return true;
 }
@@ -871,6 +931,17 @@ std::vector<Source> Description::RecordsInUse() const {
             records.push_back(info.source);
     }
     return records;
+}
+
+std::vector<Source> Description::RefreshReads() const {
+    return page.refreshReads.empty() ? RecordsInUse() : page.refreshReads;
+}
+
+int Description::CurrentField() const {
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        if (!fields[i].current.empty())
+            return static_cast<int>(i);
+    return -1;
 }
 
 int Description::FieldIndex(std::string_view name) const {

@@ -95,6 +95,13 @@ struct Field {
     std::string readout;
     std::vector<int> ids;
     std::vector<int> readoutIds;
+    // The output current this field's value gives against a reference the operator enters per
+    // colour, shown on request; the name is the chip's read-out routine (see DescriptionReadouts.h).
+    std::string current;
+    int currentSwitchId = 0;
+    std::vector<int> referenceIds;
+    std::vector<int> fractionIds;
+    std::vector<int> currentIds;
     Item group;      // consecutive fields of one group share a box titled with it
     int showIf = -1; // index of the field whose non-zero value shows this one
 
@@ -128,7 +135,11 @@ struct Page {
     Notice notice = Notice::Always;
     std::vector<Source> carry; // records handed back unchanged with every write
     bool refreshAfterChange = false;
+    // What the page reads, in this order, each time it fills itself from the chip; empty: the records
+    // its fields live in.
+    std::vector<Source> refreshReads;
     bool defaultButton = false;
+    int defaultId = 0; // 0: the id every chip page's Default button has
     bool okCancel = false;
 };
 
@@ -138,6 +149,10 @@ struct Description {
 
     // The records the fields read (not host values), in Source order.
     std::vector<Source> RecordsInUse() const;
+    // The records a fill from the chip reads, in order.
+    std::vector<Source> RefreshReads() const;
+    // The field with an output-current read-out, or -1.
+    int CurrentField() const;
     int FieldIndex(std::string_view name) const;
 };
 

@@ -48,13 +48,14 @@ public:
     Planner(const Description& description, const LayoutTexts& texts, DialogUnits units)
         : m_description(description), m_texts(texts), m_units(units) {
         for (const Field& field : description.fields) {
-            for (const int id : field.ids)
-                m_usedIds.insert(id);
-            for (const int id : field.readoutIds)
-                m_usedIds.insert(id);
+            for (const auto* ids :
+                 {&field.ids, &field.readoutIds, &field.referenceIds, &field.fractionIds, &field.currentIds})
+                m_usedIds.insert(ids->begin(), ids->end());
             m_usedIds.insert(field.labelId);
+            m_usedIds.insert(field.currentSwitchId);
         }
         m_usedIds.insert(description.page.linkId);
+        m_usedIds.insert(description.page.defaultId);
     }
 
     LayoutPlan Plan();
@@ -75,7 +76,17 @@ private:
     int ControlWidth(const Field& field) const;
     int ReadoutWidth(const Field& field) const;
     int CellWidth(const Field& field) const {
-        return ControlWidth(field) + (field.readout.empty() ? 0 : X(kReadoutGap) + ReadoutWidth(field));
+        const int cell =
+            ControlWidth(field) + (field.readout.empty() ? 0 : X(kReadoutGap) + ReadoutWidth(field));
+        return std::max(cell, CurrentCellWidth(field));
+    }
+    int ReferenceWidth() const;
+    int CurrentCellWidth(const Field& field) const;
+    // The switch and the three rows of a field's output-current read-out, from y down.
+    void AddCurrentRows(int row, const Field& field, int labelX, int labelWidth,
+                        const std::function<int(int)>& columnX, int& y);
+    int IdOr(const std::vector<int>& ids, int colour) {
+        return ids.empty() ? NextId() : ids[static_cast<std::size_t>(colour)];
     }
     void Add(Role role, int field, int colour, int id, std::wstring text, Rect rect) {
         m_plan.windows.push_back({role, field, colour, id, std::move(text), rect});
@@ -123,6 +134,59 @@ int Planner::ReadoutWidth(const Field& field) const {
     return widest + X(2);
 }
 
+int Planner::ReferenceWidth() const {
+    const int widest =
+        std::max(Measure(std::to_wstring(kReferenceMin)), Measure(std::to_wstring(kReferenceMax)));
+    return std::max(X(36), widest + X(8) + X(11));
+}
+
+int Planner::CurrentCellWidth(const Field& field) const {
+    if (field.current.empty())
+        return 0;
+    int widest = ReferenceWidth();
+    for (const int reference : {1, kReferenceDefault})
+        for (const int value : {field.minimum, field.maximum})
+            if (const auto text = FormatCurrent(field.current, value, reference))
+                widest = std::max({widest, Measure(text->fraction), Measure(text->current)});
+    return widest + X(2);
+}
+
+void Planner::AddCurrentRows(int row, const Field& field, int labelX, int labelWidth,
+                             const std::function<int(int)>& columnX, int& y) {
+    const std::wstring switchText = Translate("IDS_ShowOutputCurrent");
+    const int switchId = field.currentSwitchId ? field.currentSwitchId : NextId();
+    Add(Role::CurrentSwitch, row, -1, switchId, switchText,
+        {labelX, y + Y(3), labelX + Measure(switchText) + X(14), y + Y(13)});
+    y += Y(kRow);
+    const struct {
+        const char* label;
+        Role role;
+        const std::vector<int>& ids;
+    } rows[] = {{"IDS_Reference", Role::Reference, field.referenceIds},
+                {"IDS_GainFraction", Role::Fraction, field.fractionIds},
+                {"IDS_OutputCurrent", Role::Current, field.currentIds}};
+    const int cellWidth = CurrentCellWidth(field) - X(2);
+    for (const auto& current : rows) {
+        Add(Role::Label, row, -1, 0, Translate(current.label),
+            {labelX, y + Y(4), labelX + labelWidth, y + Y(4) + Y(kLabelHeight)});
+        for (int colour = 0; colour < kColourCount; ++colour) {
+            const int x = columnX(colour);
+            const int id = IdOr(current.ids, colour);
+            if (current.role == Role::Reference) {
+                const int top = y + (Y(kRow) - Y(12)) / 2;
+                const Rect rect{x, top, x + ReferenceWidth() - X(kSpinWidth), top + Y(12)};
+                Add(Role::Reference, row, colour, id, {}, rect);
+                Add(Role::Spin, row, colour, 0, {},
+                    {rect.right, rect.top, rect.right + X(kSpinWidth), rect.bottom});
+            } else {
+                Add(current.role, row, colour, id, {},
+                    {x, y + Y(4), x + cellWidth, y + Y(4) + Y(kLabelHeight)});
+            }
+        }
+        y += Y(kRow);
+    }
+}
+
 LayoutPlan Planner::Plan() {
     const Page& page = m_description.page;
     const std::vector<Field>& fields = m_description.fields;
@@ -138,6 +202,9 @@ LayoutPlan Planner::Plan() {
     for (const int row : rows) {
         const Field& field = fields[static_cast<std::size_t>(row)];
         labelWidth = std::max(labelWidth, Measure(ItemText(field.label, m_texts)));
+        if (!field.current.empty())
+            for (const char* label : {"IDS_Reference", "IDS_GainFraction", "IDS_OutputCurrent"})
+                labelWidth = std::max(labelWidth, Measure(Translate(label)));
         grouped = grouped || !field.group.text.empty();
         if (field.ControlCount() == kColourCount) {
             colouredRows = true;
@@ -200,7 +267,7 @@ LayoutPlan Planner::Plan() {
         const int width = ControlWidth(field);
         for (int colour = 0; colour < field.ControlCount(); ++colour) {
             const int x = field.ControlCount() == kColourCount ? columnX(colour) : firstColumn;
-            const int id = field.ids.empty() ? NextId() : field.ids[static_cast<std::size_t>(colour)];
+            const int id = IdOr(field.ids, colour);
             Rect rect{x, controlTop, x + width, controlTop + height};
             if (field.control == Control::Combo) // the drop-down list hangs below the box
                 rect.bottom += Y(10) * std::min<int>(static_cast<int>(field.items.size()), 12) + Y(4);
@@ -213,14 +280,15 @@ LayoutPlan Planner::Plan() {
                 Add(Role::Control, row, colour, id, {}, rect);
             }
             if (!field.readout.empty()) {
-                const int readoutId =
-                    field.readoutIds.empty() ? NextId() : field.readoutIds[static_cast<std::size_t>(colour)];
+                const int readoutId = IdOr(field.readoutIds, colour);
                 const int left = x + width + X(kReadoutGap);
                 Add(Role::Readout, row, colour, readoutId, {},
                     {left, y + Y(4), left + ReadoutWidth(field), y + Y(4) + Y(kLabelHeight)});
             }
         }
         y += Y(kRow);
+        if (!field.current.empty())
+            AddCurrentRows(row, field, labelX, labelWidth, columnX, y);
     }
     closeGroup();
 
@@ -230,16 +298,30 @@ LayoutPlan Planner::Plan() {
     if (page.defaultButton || page.okCancel) {
         y += Y(4);
         const int bottom = y + Y(kButtonHeight);
-        if (page.defaultButton)
-            Add(Role::DefaultButton, -1, -1, kDefaultButtonId, Translate("IDS_Default"),
-                {labelX, y, labelX + X(kButtonWidth), bottom});
+        // At least the templates' button width, wider where a translation needs it.
+        auto widthOf = [&](const std::wstring& text) {
+            return std::max(X(kButtonWidth), Measure(text) + X(10));
+        };
+        int left = labelX;
+        if (page.defaultButton) {
+            const std::wstring text = Translate("IDS_Default");
+            const int width = widthOf(text);
+            Add(Role::DefaultButton, -1, -1, page.defaultId ? page.defaultId : kDefaultButtonId, text,
+                {left, y, left + width, bottom});
+            left += width + X(4);
+        }
         if (page.okCancel) {
-            const int cancelLeft = std::max(right, labelX + 3 * X(kButtonWidth)) - X(kButtonWidth);
-            const int okLeft = cancelLeft - X(4) - X(kButtonWidth);
-            Add(Role::OkButton, -1, -1, kOkButtonId, Translate("IDS_OK"),
-                {okLeft, y, okLeft + X(kButtonWidth), bottom});
-            Add(Role::CancelButton, -1, -1, kCancelButtonId, Translate("IDS_Cancel"),
-                {cancelLeft, y, cancelLeft + X(kButtonWidth), bottom});
+            const std::wstring okText = Translate("IDS_OK");
+            const std::wstring cancelText = Translate("IDS_Cancel");
+            const int okWidth = widthOf(okText);
+            const int cancelWidth = widthOf(cancelText);
+            const int cancelRight =
+                std::max({right, labelX + 3 * X(kButtonWidth), left + okWidth + X(4) + cancelWidth});
+            const int cancelLeft = cancelRight - cancelWidth;
+            const int okLeft = cancelLeft - X(4) - okWidth;
+            Add(Role::OkButton, -1, -1, kOkButtonId, okText, {okLeft, y, okLeft + okWidth, bottom});
+            Add(Role::CancelButton, -1, -1, kCancelButtonId, cancelText,
+                {cancelLeft, y, cancelRight, bottom});
         }
         y = bottom;
         for (const PlannedWindow& window : m_plan.windows)

@@ -30,6 +30,12 @@ enum class Role : std::uint8_t {
     Control,
     Spin, // the spin buttons of the number edit just before: a place, not a window of its own
     Readout,
+    // The output-current read-out of a field: its switch, the reference edit of each colour (followed
+    // by its spin place), the gain fraction and the current of each colour.
+    CurrentSwitch,
+    Reference,
+    Fraction,
+    Current,
     DefaultButton,
     OkButton,
     CancelButton,
@@ -37,8 +43,9 @@ enum class Role : std::uint8_t {
 
 struct PlannedWindow {
     Role role = Role::Label;
-    int field = -1;  // Label, Control, Readout
-    int colour = -1; // Control, Readout (0 for a field with one control), ColourHeader
+    int field = -1;  // Label, Control, Readout and the current read-out's windows
+    int colour = -1; // Control, Readout (0 for a field with one control), ColourHeader, Reference,
+                     // Fraction, Current
     int id = 0;      // 0: the window needs no id
     std::wstring text;
     Rect rect; // pixels in the page; a combo box's includes its drop-down list
@@ -69,6 +76,10 @@ inline constexpr int kFirstAutomaticId = 30001;
 inline constexpr int kDefaultButtonId = 8025;
 inline constexpr int kOkButtonId = 8570;
 inline constexpr int kCancelButtonId = 8571;
+// What an operator may enter as the reference of an output-current read-out.
+inline constexpr int kReferenceMin = 0;
+inline constexpr int kReferenceMax = 1000000;
+inline constexpr int kReferenceDefault = 1000;
 
 LayoutPlan PlanLayout(const Description& description, const LayoutTexts& texts, DialogUnits units);
 

@@ -38,7 +38,42 @@ const NamedReadout* Find(std::string_view name) {
     return nullptr;
 }
 
+struct NamedCurrent {
+    std::string_view name;
+    fm612x::CurrentReadout (*format)(int value, int reference);
+};
+
+constexpr std::array<NamedCurrent, 2> kCurrents{{
+    // FM6126 / FM6127 6-bit gain against the reference current.
+    {"gain6",
+     [](int gain, int reference) { return fm612x::Gain6Readout(gain, static_cast<float>(reference)); }},
+    // FM6129 6-bit gain; the reference is in percent of the chip's current.
+    {"fm6129",
+     [](int gain, int reference) {
+         return fm612x::Fm6129Readout(gain, fm612x::Fm6129Divisor(static_cast<float>(reference)));
+     }},
+}};
+
+const NamedCurrent* FindCurrent(std::string_view name) {
+    for (const NamedCurrent& current : kCurrents)
+        if (current.name == name)
+            return &current;
+    return nullptr;
+}
+
 } // namespace
+
+std::optional<CurrentText> FormatCurrent(std::string_view name, int value, int reference) {
+    const NamedCurrent* current = FindCurrent(name);
+    if (!current)
+        return std::nullopt;
+    fm612x::CurrentReadout readout = current->format(value, reference);
+    return CurrentText{std::move(readout.fraction), std::move(readout.current)};
+}
+
+bool IsCurrentReadout(std::string_view name) {
+    return FindCurrent(name) != nullptr;
+}
 
 std::optional<std::wstring> FormatReadout(std::string_view name, int value) {
     if (const NamedReadout* readout = Find(name))
@@ -48,13 +83,6 @@ std::optional<std::wstring> FormatReadout(std::string_view name, int value) {
 
 bool IsReadout(std::string_view name) {
     return Find(name) != nullptr;
-}
-
-std::vector<std::string_view> ReadoutNames() {
-    std::vector<std::string_view> names;
-    for (const NamedReadout& readout : kReadouts)
-        names.push_back(readout.name);
-    return names;
 }
 
 } // namespace chipdesc

@@ -5,13 +5,20 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace chipdesc {
 
 // The read-out's text for a field value; nothing for a name no routine has.
 std::optional<std::wstring> FormatReadout(std::string_view name, int value);
 bool IsReadout(std::string_view name);
-std::vector<std::string_view> ReadoutNames();
+
+// An output-current read-out: the gain as a fraction of the full current, and the current it gives
+// against the reference the operator entered (0 shows a current of 0).
+struct CurrentText {
+    std::wstring fraction;
+    std::wstring current;
+};
+std::optional<CurrentText> FormatCurrent(std::string_view name, int value, int reference);
+bool IsCurrentReadout(std::string_view name);
 
 } // namespace chipdesc

@@ -16,10 +16,11 @@
 //     CHIP_MODE_CAPTION_PARENT  Class(chip, int mode, caption, parent)       the high-mode register grid,
 //                                                                            created in mode 1
 //   Kind: GENERIC rows are raw register pages made here from the table (a class of that exact name
-//   deriving from CchipRegModify, and a raw-editor template under the row's number); CUSTOM rows
-//   have behaviour of their own: the class is declared in its own header, included from
-//   dialogs/chips/AllChipDialogs.h, and its .rc file owns the template. Turning a chip's page into
-//   a real one is changing GENERIC to CUSTOM on its row (and keeping the constructor form).
+//   deriving from CchipRegModify, and a raw-editor template under the row's number); a description
+//   of the class (descriptions/chips/<class>.desc, or one in the host's run-time folder) turns such
+//   a page into a real one laid out on that template's frame, and the row stays GENERIC. CUSTOM
+//   rows have behaviour of their own: the class is declared in its own header, included from
+//   dialogs/chips/AllChipDialogs.h, and its .rc file owns the template.
 //
 // REGVANE_CHIP_TYPES(TYPE): chip types whose page follows from the number alone:
 //   (first number, last number, class). The host numbers a second block of chips from 65536 on.
@@ -119,11 +120,11 @@
     CLASS(  CRegvaneSM16237,        "SM16237",           20300, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_MY9866,        "MY9866",            20401, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_SUM2017TD,     "SUM2017TD",         20402, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneFM6126,         "FM6126",            20404, CHIP_CAPTION_PARENT,      CUSTOM) \
+    CLASS(  CRegvaneFM6126,         "FM6126",            20404, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneSM16188,        "SM16188",           20010, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvan_FM6648,         "FM6648",            20013, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_SM16218N,      "SM16218N",          20024, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneFM6127,         "FM6127",            20039, CHIP_CAPTION_PARENT,      CUSTOM) \
+    CLASS(  CRegvaneFM6127,         "FM6127",            20039, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_SM16389,       "SM16389",           20065, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_D2618,         "D2618",             20066, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_MY9758,        "MY9758",            20068, CHIP_CAPTION_PARENT,      GENERIC) \

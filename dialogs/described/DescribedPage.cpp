@@ -34,7 +34,10 @@ WindowKind KindOf(Role role, Control control) {
     case Role::GroupBox:
         return {L"BUTTON", BS_GROUPBOX};
     case Role::LinkSwitch:
+    case Role::CurrentSwitch:
         return {L"BUTTON", BS_AUTOCHECKBOX | WS_TABSTOP};
+    case Role::Reference:
+        return {L"EDIT", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE};
     case Role::DefaultButton:
     case Role::OkButton:
     case Role::CancelButton:
@@ -62,7 +65,7 @@ CDescribedPage::CDescribedPage(std::shared_ptr<const chipdesc::Description> desc
                                const wchar_t* caption, HWND parent)
     : CChipDialog(CDescribedPage::kFallbackFrameTemplate, chip, parent,
                   description->page.title == Title::Caption ? caption : nullptr, SnapshotScope::Nothing),
-      m_description(std::move(description)) {
+      m_description(std::move(description)), m_currentField(m_description->CurrentField()) {
     for (const Source source : m_description->page.changeTest) {
         const auto index = static_cast<std::size_t>(source);
         if (IsHostValue(source))
@@ -146,10 +149,16 @@ int CDescribedPage::ReportChange() {
     return chip->UpdateHostState(1, 1);
 }
 
+CDescribedPage::ClassSettings& CDescribedPage::Settings() const {
+    static std::map<std::string, ClassSettings, std::less<>> settings;
+    const auto [entry, added] = settings.try_emplace(m_description->page.className);
+    if (added)
+        entry->second.reference.fill(kReferenceDefault);
+    return entry->second;
+}
+
 int& CDescribedPage::LinkSwitch() const {
-    // Module-wide per page class: a reopened page keeps the operator's choice.
-    static std::map<std::string, int, std::less<>> switches;
-    return switches[m_description->page.className];
+    return Settings().linked;
 }
 
 void CDescribedPage::OnInitControls() {
@@ -212,10 +221,11 @@ void CDescribedPage::CreateControls() {
 
     const std::vector<Field>& fields = m_description->fields;
     m_fieldWindows.assign(fields.size(), {});
+    CNumberEdit* lastEdit = nullptr;
     for (const PlannedWindow& planned : plan.windows) {
         if (planned.role == Role::Spin) {
-            if (!m_slots.empty() && m_slots.back().edit)
-                m_slots.back().edit->EnableSpin(
+            if (lastEdit)
+                lastEdit->EnableSpin(
                     RECT{planned.rect.left, planned.rect.top, planned.rect.right, planned.rect.bottom});
             continue;
         }
@@ -233,6 +243,11 @@ void CDescribedPage::CreateControls() {
                 edit->SetUnit(ItemText(field->unit, texts));
             edit->SetValue(SnapshotValue(*field, planned.colour));
             text = edit->Format(edit->GetValue());
+        } else if (planned.role == Role::Reference) {
+            edit = std::make_unique<CNumberEdit>();
+            edit->SetRange(kReferenceMin, kReferenceMax);
+            edit->SetValue(Settings().reference[static_cast<std::size_t>(planned.colour)]);
+            text = edit->Format(edit->GetValue());
         }
         const WindowKind kind = KindOf(planned.role, control);
         // As the dialog manager makes a template's controls: they do not notify the page of their
@@ -247,6 +262,25 @@ void CDescribedPage::CreateControls() {
             m_fieldWindows[static_cast<std::size_t>(planned.field)].push_back(window);
         if (planned.role == Role::LinkSwitch)
             m_linkId = planned.id;
+        if (edit)
+            lastEdit = edit.get();
+        switch (planned.role) {
+        case Role::CurrentSwitch:
+            m_currentSwitchId = planned.id;
+            continue;
+        case Role::Reference:
+            edit->SubclassWindow(window);
+            m_current[static_cast<std::size_t>(planned.colour)].reference = std::move(edit);
+            continue;
+        case Role::Fraction:
+            m_current[static_cast<std::size_t>(planned.colour)].fraction = window;
+            continue;
+        case Role::Current:
+            m_current[static_cast<std::size_t>(planned.colour)].current = window;
+            continue;
+        default:
+            break;
+        }
         if (planned.role == Role::Readout) {
             for (ControlSlot& slot : m_slots)
                 if (slot.field == planned.field && slot.colour == planned.colour)
@@ -337,13 +371,63 @@ void CDescribedPage::UpdateReadout(const ControlSlot& slot, int value) const {
 }
 
 void CDescribedPage::RefreshFromChip() {
-    const std::vector<Field>& fields = m_description->fields;
     std::array<Bytes, kSourceCount> records{};
-    for (const Source source : m_description->RecordsInUse())
+    std::array<bool, kSourceCount> read{};
+    for (const Source source : m_description->RefreshReads()) {
         records[static_cast<std::size_t>(source)] = ReadSource(source);
+        read[static_cast<std::size_t>(source)] = true;
+    }
+    ShowRecords(records, read);
+    if (m_linkId)
+        CheckButton(m_linkId, LinkSwitch() != 0);
+    if (m_currentSwitchId) {
+        for (int colour = 0; colour < kColourCount; ++colour)
+            if (CNumberEdit* reference = m_current[static_cast<std::size_t>(colour)].reference.get();
+                reference &&
+                reference->GetValueInt() != Settings().reference[static_cast<std::size_t>(colour)])
+                reference->SetValue(Settings().reference[static_cast<std::size_t>(colour)]);
+        CheckButton(m_currentSwitchId, Settings().showCurrent != 0);
+        UpdateCurrentGroup();
+    }
+}
+
+void CDescribedPage::UpdateCurrent(int colour) {
+    const CurrentColour& current = m_current[static_cast<std::size_t>(colour)];
+    if (!current.reference)
+        return;
+    int value = 0;
+    for (const ControlSlot& slot : m_slots)
+        if (slot.field == m_currentField && slot.colour == colour)
+            value = ControlValue(slot);
+    const auto text = FormatCurrent(m_description->fields[static_cast<std::size_t>(m_currentField)].current,
+                                    value, current.reference->GetValueInt());
+    if (!text)
+        return;
+    ::SetWindowTextW(current.fraction, text->fraction.c_str());
+    ::SetWindowTextW(current.current, text->current.c_str());
+}
+
+void CDescribedPage::UpdateCurrentGroup() {
+    // The read-out is greyed while the operator has not asked for it, and left as it was.
+    const bool show = Settings().showCurrent != 0;
+    for (int colour = 0; colour < kColourCount; ++colour) {
+        const CurrentColour& current = m_current[static_cast<std::size_t>(colour)];
+        for (HWND window : {current.reference ? current.reference->GetSafeHwnd() : nullptr, current.fraction,
+                            current.current})
+            if (window)
+                ::EnableWindow(window, show);
+        if (show)
+            UpdateCurrent(colour);
+    }
+}
+
+void CDescribedPage::ShowRecords(const std::array<Bytes, kSourceCount>& records,
+                                 const std::array<bool, kSourceCount>& read) {
+    const std::vector<Field>& fields = m_description->fields;
+    auto wasRead = [&](const Field& field) { return read[static_cast<std::size_t>(field.source)]; };
     for (ControlSlot& slot : m_slots) {
         const Field& field = FieldOf(slot);
-        if (IsHostValue(field.source))
+        if (IsHostValue(field.source) || !wasRead(field))
             continue;
         const int value = ReadValue(field, records[static_cast<std::size_t>(field.source)], slot.colour);
         ShowValue(slot, value);
@@ -351,15 +435,13 @@ void CDescribedPage::RefreshFromChip() {
     }
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const int condition = fields[i].showIf;
-        if (condition < 0)
+        if (condition < 0 || !wasRead(fields[static_cast<std::size_t>(condition)]))
             continue;
         const Field& state = fields[static_cast<std::size_t>(condition)];
         const bool shown = ReadValue(state, records[static_cast<std::size_t>(state.source)], 0) != 0;
         for (HWND window : m_fieldWindows[i])
             ::ShowWindow(window, shown ? SW_SHOW : SW_HIDE);
     }
-    if (m_linkId)
-        CheckButton(m_linkId, LinkSwitch() != 0);
 }
 
 CDescribedPage::ControlSlot* CDescribedPage::SlotWithId(UINT id) {
@@ -402,6 +484,9 @@ void CDescribedPage::ChangeField(int fieldIndex, const std::array<int, kColourCo
             if (slot.field == fieldIndex)
                 UpdateReadout(slot, ControlValue(slot));
     }
+    if (fieldIndex == m_currentField && Settings().showCurrent)
+        for (int colour = 0; colour < kColourCount; ++colour)
+            UpdateCurrent(colour);
     ReportChange();
 }
 
@@ -452,19 +537,26 @@ void CDescribedPage::OnHexEdited(ControlSlot& slot) {
 void CDescribedPage::WriteDefaults() {
     if (!CanWrite())
         return;
+    // Each record that has defaults is read and written once; the page then shows what it wrote.
     const std::vector<Field>& fields = m_description->fields;
+    std::array<Bytes, kSourceCount> records{};
+    std::array<bool, kSourceCount> written{};
     for (const Source source : m_description->RecordsInUse()) {
         if (std::none_of(fields.begin(), fields.end(),
                          [&](const Field& f) { return f.source == source && f.defaultValue; }))
             continue;
-        Bytes record = ReadSource(source);
+        Bytes& record = records[static_cast<std::size_t>(source)];
+        record = ReadSource(source);
         for (const Field& field : fields)
             if (field.source == source && field.defaultValue)
                 for (int copy = 0; copy < static_cast<int>(field.positions.size()); ++copy)
                     WriteValue(field, record, copy, *field.defaultValue);
         WriteSource(source, record);
+        written[static_cast<std::size_t>(source)] = true;
     }
-    RefreshFromChip();
+    ShowRecords(records, written);
+    if (m_currentSwitchId)
+        UpdateCurrentGroup();
     ReportChange();
 }
 
@@ -477,6 +569,15 @@ bool CDescribedPage::OnHScroll(UINT code, UINT position, HWND scrollBar) {
 }
 
 void CDescribedPage::OnNumberEditChanged(UINT id, HWND edit) {
+    for (int colour = 0; colour < kColourCount; ++colour) {
+        const CurrentColour& current = m_current[static_cast<std::size_t>(colour)];
+        if (!current.reference || current.reference->GetSafeHwnd() != edit)
+            continue;
+        Settings().reference[static_cast<std::size_t>(colour)] = current.reference->GetValueInt();
+        if (Settings().showCurrent)
+            UpdateCurrent(colour);
+        return;
+    }
     if (ControlSlot* slot = SlotWithId(id); slot && FieldOf(*slot).control == Control::Number)
         OnControlChanged(*slot);
 }
@@ -486,7 +587,13 @@ bool CDescribedPage::OnCommand(UINT code, UINT id, HWND control) {
         LinkSwitch() = IsButtonChecked(m_linkId) ? 1 : 0;
         return true;
     }
-    if (code == BN_CLICKED && id == kDefaultButtonId && m_description->page.defaultButton) {
+    if (code == BN_CLICKED && m_currentSwitchId && id == static_cast<UINT>(m_currentSwitchId)) {
+        Settings().showCurrent = IsButtonChecked(m_currentSwitchId) ? 1 : 0;
+        UpdateCurrentGroup();
+        return true;
+    }
+    const int defaultId = m_description->page.defaultId ? m_description->page.defaultId : kDefaultButtonId;
+    if (code == BN_CLICKED && id == static_cast<UINT>(defaultId) && m_description->page.defaultButton) {
         WriteDefaults();
         return true;
     }

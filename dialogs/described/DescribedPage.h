@@ -69,6 +69,9 @@ private:
     void ShowValue(ControlSlot& slot, int value);
     int ControlValue(const ControlSlot& slot) const;
     void UpdateReadout(const ControlSlot& slot, int value) const;
+    // Shows the fields of the records marked read.
+    void ShowRecords(const std::array<Bytes, chipdesc::kSourceCount>& records,
+                     const std::array<bool, chipdesc::kSourceCount>& read);
 
     // The cycle of one change: values[colour] go into the colours the change touches.
     void ChangeField(int field, const std::array<int, chipdesc::kColourCount>& values,
@@ -77,6 +80,18 @@ private:
     void OnHexEdited(ControlSlot& slot);
     void WriteDefaults();
     int ReportChange();
+    // The output-current read-out, when the description has one.
+    void UpdateCurrentGroup();
+    void UpdateCurrent(int colour);
+
+    // Kept per page class for the life of the module: a reopened page starts with the operator's
+    // last choices, and a page of another class keeps its own.
+    struct ClassSettings {
+        int linked = 0;
+        int showCurrent = 0;
+        std::array<int, chipdesc::kColourCount> reference{};
+    };
+    ClassSettings& Settings() const;
     int& LinkSwitch() const;
 
     std::shared_ptr<const chipdesc::Description> m_description;
@@ -85,4 +100,12 @@ private:
     std::array<Bytes, chipdesc::kSourceCount> m_snapshot{};
     std::array<int, chipdesc::kSourceCount> m_snapshotHostValue{};
     int m_linkId = 0;
+    struct CurrentColour {
+        std::unique_ptr<CNumberEdit> reference;
+        HWND fraction = nullptr;
+        HWND current = nullptr;
+    };
+    int m_currentField = -1;
+    int m_currentSwitchId = 0;
+    std::array<CurrentColour, chipdesc::kColourCount> m_current;
 };

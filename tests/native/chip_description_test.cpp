@@ -80,6 +80,20 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {replace("control = combo", "control = combo\nshow-if = speed"), 16, ErrorCode::UnknownField},
         {replace("colours = linked", "colours = linked # the three gains\nthis is prose"), 9,
          ErrorCode::Syntax},
+        // The output-current read-out: a routine the module has, on a value per colour, ids for it.
+        {replace("control = slider", "control = slider\ncurrent = ohm"), 10, ErrorCode::BadValue},
+        {replace("control = slider", "control = slider\ncurrent = gain6") +
+             "[field m2]\nlabel = IDS_M\nbits = 9[0]\ncolours = separate\ncontrol = slider\ncurrent = "
+             "gain6\n",
+         23, ErrorCode::DuplicateKey},
+        {replace("control = slider", "control = slider\nfraction-ids = 1 2 3"), 10, ErrorCode::MissingKey},
+        {replace("control = slider", "control = slider\ncurrent = gain6\ncurrent-ids = 1 2"), 11,
+         ErrorCode::BadValue},
+        {replace("bits = 8[0]\ncolours = separate", "bits = 8[0]\ncolours = equal\ncurrent = gain6"), 15,
+         ErrorCode::BadValue},
+        {replace("link = IDS_Link", "link = IDS_Link\ndefault-id = 9"), 4, ErrorCode::MissingKey},
+        {replace("link = IDS_Link", "link = IDS_Link\nrefresh-reads = record20 record-a"), 4,
+         ErrorCode::MissingKey}, // the fields' block is not read
         {"[page]\nclass = CRegvaneExampleChip\n", 2, ErrorCode::NoFields},
         {std::string(kGoodPage) + "\nnote = \x01\x02", 18, ErrorCode::NotText},
         {std::string(kGoodPage) + "\n# " + std::string(1200, 'x'), 18, ErrorCode::LineTooLong},
@@ -252,6 +266,15 @@ TEST(ChipDescription, ShippedFm612xDescriptionsWriteWhatTheRegisterModelsWrite) 
     // The brightness step is the host's value, not the chip's.
     EXPECT_EQ(perColour + global + 1, fm6127ex.fields.size());
 
+    for (const auto& [className, coding] :
+         {std::pair{"CRegvaneFM6126", kFm6126GainCoding}, std::pair{"CRegvaneFM6127", kFm6127GainCoding}}) {
+        const Description gainPage = Shipped(className);
+        EXPECT_EQ(ExpectSameAsModel<int>(
+                      gainPage, {"gain"}, [&](Block b, Colour c, int, int v) { WriteGain6(b, c, coding, v); },
+                      [&](ConstBlock b, Colour c, int) { return ReadGain6(b, c, coding); }),
+                  gainPage.fields.size());
+    }
+
     const Description fm6129ex = Shipped("CRegvaneFM6129Ex");
     EXPECT_EQ(ExpectSameAsModel<Fm6129ExField>(
                   fm6129ex,
@@ -261,41 +284,48 @@ TEST(ChipDescription, ShippedFm612xDescriptionsWriteWhatTheRegisterModelsWrite) 
 }
 
 TEST(ChipDescription, TheLayoutGivesEveryTextItsRoomAndNoTwoControlsOverlap) {
-    const Description description = Shipped("CRegvaneFM6127EX");
-    // Every character 6 pixels; one label three times as long as in English.
-    LayoutTexts texts;
-    texts.translate = [](std::string_view id) {
-        std::wstring text = Utf8ToWide(id);
-        return id == "IDS_FM6127EX_PreCharge" ? text + text + text : text;
-    };
-    texts.measure = [](std::wstring_view text) { return static_cast<int>(text.size()) * 6; };
-    const LayoutPlan plan = PlanLayout(description, texts, {6, 13});
-    std::vector<const PlannedWindow*> controls;
-    for (const PlannedWindow& window : plan.windows) {
-        if (window.role == Role::Label || window.role == Role::ColourHeader ||
-            window.role == Role::LinkSwitch) {
-            EXPECT_GE(window.rect.Width(), texts.measure(window.text)) << window.text.size();
+    for (const char* className : {"CRegvaneFM6127EX", "CRegvaneFM6126"}) {
+        SCOPED_TRACE(className);
+        const Description description = Shipped(className);
+        // Every character 6 pixels; a label, the read-out switch and Default three times as long as
+        // in English.
+        LayoutTexts texts;
+        texts.translate = [](std::string_view id) {
+            std::wstring text = Utf8ToWide(id);
+            const bool longer =
+                id == "IDS_FM6127EX_PreCharge" || id == "IDS_ShowOutputCurrent" || id == "IDS_Default";
+            return longer ? text + text + text : text;
+        };
+        texts.measure = [](std::wstring_view text) { return static_cast<int>(text.size()) * 6; };
+        const LayoutPlan plan = PlanLayout(description, texts, {6, 13});
+        std::vector<const PlannedWindow*> controls;
+        for (const PlannedWindow& window : plan.windows) {
+            if (window.role == Role::Label || window.role == Role::ColourHeader ||
+                window.role == Role::LinkSwitch || window.role == Role::CurrentSwitch ||
+                window.role == Role::DefaultButton) {
+                EXPECT_GE(window.rect.Width(), texts.measure(window.text)) << window.text.size();
+            }
+            EXPECT_LE(window.rect.right, plan.width);
+            EXPECT_LE(window.role == Role::Control ? window.rect.top : window.rect.bottom, plan.height);
+            if (window.role != Role::GroupBox)
+                controls.push_back(&window);
         }
-        EXPECT_LE(window.rect.right, plan.width);
-        EXPECT_LE(window.role == Role::Control ? window.rect.top : window.rect.bottom, plan.height);
-        if (window.role != Role::GroupBox)
-            controls.push_back(&window);
+        for (std::size_t i = 0; i < controls.size(); ++i)
+            for (std::size_t j = i + 1; j < controls.size(); ++j) {
+                const Rect& a = controls[i]->rect;
+                const Rect& b = controls[j]->rect;
+                // A combo's rectangle includes its drop-down list, which may hang over the rows below.
+                const int aBottom =
+                    controls[i]->role == Role::Control &&
+                            description.fields[static_cast<std::size_t>(controls[i]->field)].control ==
+                                Control::Combo
+                        ? a.top + 20
+                        : a.bottom;
+                const bool apart =
+                    a.right <= b.left || b.right <= a.left || aBottom <= b.top || b.bottom <= a.top;
+                EXPECT_TRUE(apart) << "windows " << i << " and " << j;
+            }
     }
-    for (std::size_t i = 0; i < controls.size(); ++i)
-        for (std::size_t j = i + 1; j < controls.size(); ++j) {
-            const Rect& a = controls[i]->rect;
-            const Rect& b = controls[j]->rect;
-            // A combo's rectangle includes its drop-down list, which may hang over the rows below.
-            const int aBottom =
-                controls[i]->role == Role::Control &&
-                        description.fields[static_cast<std::size_t>(controls[i]->field)].control ==
-                            Control::Combo
-                    ? a.top + 20
-                    : a.bottom;
-            const bool apart =
-                a.right <= b.left || b.right <= a.left || aBottom <= b.top || b.bottom <= a.top;
-            EXPECT_TRUE(apart) << "windows " << i << " and " << j;
-        }
 }
 
 } // namespace
