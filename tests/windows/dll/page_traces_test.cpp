@@ -145,6 +145,27 @@ TEST(PageTraces, Fm6127GivesTheHostTheAcceptedCalls) {
     ExpectTrace("CRegvaneFM6127", page.Trace());
 }
 
+TEST(PageTraces, Fm6129GivesTheHostTheAcceptedCalls) {
+    SimulatedChip chip = PatternChip("FM6129");
+    chip.gainMin = 0x105;
+    chip.gainMax = 0x23A;
+    TracedSession page(259, chip);
+    page.Click(21419); // the link starts off: on, then off again
+    page.Slider(21402, 40);
+    page.Click(21419);
+    page.Slider(21401, 10);
+    page.Type(21408, L"3");
+    page.Click(21420);
+    page.Type(21411, L"500");
+    page.Host("sets byte 3 to 0x3f", [&] { chip.regData[3] = 0x3F; });
+    page.Reread();
+    page.Host("narrows its gain range", [&] { chip.gainMax = 0x130; });
+    page.ShowAgain();
+    page.Slider(21403, 63);
+    page.Click(21420);
+    ExpectTrace("CRegvane_FM6129", page.Trace());
+}
+
 TEST(PageTraces, Fm6126ExGivesTheHostTheAcceptedCalls) {
     SimulatedChip chip = PatternChip("FM6126");
     TracedSession page(65536 + 15, chip);
