@@ -574,6 +574,12 @@ bool Parser::PageKey(int number, std::string_view key, std::string_view value) {
                (!page.refreshReads.empty() || Fail(number, ErrorCode::BadValue, value));
     if (key == "default-id")
         return Id(number, value, page.defaultId);
+    if (key == "switches") {
+        if (value != "class" && value != "page")
+            return Fail(number, ErrorCode::BadValue, value);
+        page.switchesPerClass = value == "class";
+        return true;
+    }
     if (key == "buttons") {
         for (std::string_view word : words) {
             if (word == "default")
@@ -669,6 +675,12 @@ bool Parser::FieldKey(int number, std::string_view key, std::string_view value) 
     }
     if (key == "cut-to-width")
         return YesNo(number, value, field.cutToWidth);
+    if (key == "host-range") {
+        if (value != "gain")
+            return Fail(number, ErrorCode::BadValue, value);
+        field.hostRange = std::string(value);
+        return true;
+    }
     if (key == "default") {
         int parsed = 0;
         if (!ParseInt(value, parsed))
@@ -836,6 +848,9 @@ bool Parser::FinishField(FieldDraft& draft) {
     if ((draft.Has("step") || draft.Has("unit")) && field.control != Control::Number)
         return Fail(draft.LineOf(draft.Has("step") ? "step" : "unit"), ErrorCode::BadValue, "number");
     // The current read-out belongs to a value per colour that the operator sets.
+    if (draft.Has("host-range") &&
+        (!field.Editable() || (field.control != Control::Slider && field.control != Control::Number)))
+        return Fail(draft.LineOf("host-range"), ErrorCode::BadValue, "host-range");
     if (draft.Has("current") && (controls != kColourCount || !field.Editable()))
         return Fail(draft.LineOf("current"), ErrorCode::BadValue, "current");
     for (const char* key : {"current-switch-id", "reference-ids", "fraction-ids", "current-ids"})

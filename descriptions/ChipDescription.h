@@ -87,6 +87,9 @@ struct Field {
     int minimum = 0;
     int maximum = 0;
     bool cutToWidth = false;
+    // The control offers the range the host gives for this kind of value (within the field's own);
+    // empty: the field's range.
+    std::string hostRange;
     std::optional<int> defaultValue;
     Control control = Control::None;
     std::vector<Item> items;
@@ -138,6 +141,9 @@ struct Page {
     // What the page reads, in this order, each time it fills itself from the chip; empty: the records
     // its fields live in.
     std::vector<Source> refreshReads;
+    // The link switch, the read-out switch and the references: kept for the page class while the host
+    // runs, or each page's own, starting afresh.
+    bool switchesPerClass = true;
     bool defaultButton = false;
     int defaultId = 0; // 0: the id every chip page's Default button has
     bool okCancel = false;

@@ -162,7 +162,7 @@
     CLASS(  CRegvane_SM16380,       "SM16380",           20077, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneRT5965,         "RT5965",            20089, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneRT5967,         "RT5967",            20420, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvane_FM6129,        "FM6129",            20418, CHIP_CAPTION_PARENT,      CUSTOM) \
+    CLASS(  CRegvane_FM6129,        "FM6129",            20418, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneCFD455A,        "CFD455A",           20092, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneAXS6018,        "AXS6018",           20095, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneSM16803,        "SM16803",           20094, CHIP_CAPTION_PARENT,      GENERIC) \

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 
 using namespace chipdesc;
 
@@ -66,6 +67,7 @@ CDescribedPage::CDescribedPage(std::shared_ptr<const chipdesc::Description> desc
     : CChipDialog(CDescribedPage::kFallbackFrameTemplate, chip, parent,
                   description->page.title == Title::Caption ? caption : nullptr, SnapshotScope::Nothing),
       m_description(std::move(description)), m_currentField(m_description->CurrentField()) {
+    m_pageSettings.reference.fill(kReferenceDefault);
     for (const Source source : m_description->page.changeTest) {
         const auto index = static_cast<std::size_t>(source);
         if (IsHostValue(source))
@@ -150,6 +152,8 @@ int CDescribedPage::ReportChange() {
 }
 
 CDescribedPage::ClassSettings& CDescribedPage::Settings() const {
+    if (!m_description->page.switchesPerClass)
+        return m_pageSettings;
     static std::map<std::string, ClassSettings, std::less<>> settings;
     const auto [entry, added] = settings.try_emplace(m_description->page.className);
     if (added)
@@ -566,6 +570,31 @@ bool CDescribedPage::OnHScroll(UINT code, UINT position, HWND scrollBar) {
         return false;
     OnControlChanged(*slot);
     return true;
+}
+
+void CDescribedPage::ApplyHostRanges() {
+    // Asked of the host each time the page is shown, once whatever the number of fields using it.
+    std::optional<std::pair<int, int>> gainRange;
+    for (ControlSlot& slot : m_slots) {
+        const Field& field = FieldOf(slot);
+        if (field.hostRange.empty())
+            continue;
+        if (!gainRange)
+            gainRange = HostGainRange();
+        // A host range outside what the field holds leaves the field's own.
+        int minimum = std::max(gainRange->first, field.minimum);
+        int maximum = std::min(gainRange->second, field.maximum);
+        if (minimum > maximum) {
+            minimum = field.minimum;
+            maximum = field.maximum;
+        }
+        if (field.control == Control::Slider) {
+            ::SendMessageW(slot.window, TBM_SETRANGEMIN, FALSE, minimum);
+            ::SendMessageW(slot.window, TBM_SETRANGEMAX, TRUE, maximum);
+        } else if (slot.edit) {
+            slot.edit->SetRange(minimum, maximum);
+        }
+    }
 }
 
 void CDescribedPage::OnNumberEditChanged(UINT id, HWND edit) {

@@ -37,6 +37,7 @@ protected:
     bool OnCommand(UINT code, UINT id, HWND control) override;
     bool OnHScroll(UINT code, UINT position, HWND scrollBar) override;
     void OnNumberEditChanged(UINT id, HWND edit) override;
+    void ApplyHostRanges() override;
     bool ChipDiffersFromSnapshot() override;
     void RestoreSnapshot() override;
 
@@ -105,6 +106,7 @@ private:
         HWND fraction = nullptr;
         HWND current = nullptr;
     };
+    mutable ClassSettings m_pageSettings; // when the description keeps them per page
     int m_currentField = -1;
     int m_currentSwitchId = 0;
     std::array<CurrentColour, chipdesc::kColourCount> m_current;

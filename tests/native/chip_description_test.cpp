@@ -92,6 +92,9 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {replace("bits = 8[0]\ncolours = separate", "bits = 8[0]\ncolours = equal\ncurrent = gain6"), 15,
          ErrorCode::BadValue},
         {replace("link = IDS_Link", "link = IDS_Link\ndefault-id = 9"), 4, ErrorCode::MissingKey},
+        {replace("link = IDS_Link", "link = IDS_Link\nswitches = module"), 4, ErrorCode::BadValue},
+        {replace("control = slider", "control = slider\nhost-range = count"), 10, ErrorCode::BadValue},
+        {replace("control = combo", "control = combo\nhost-range = gain"), 16, ErrorCode::BadValue},
         {replace("link = IDS_Link", "link = IDS_Link\nrefresh-reads = record20 record-a"), 4,
          ErrorCode::MissingKey}, // the fields' block is not read
         {"[page]\nclass = CRegvaneExampleChip\n", 2, ErrorCode::NoFields},
@@ -274,6 +277,17 @@ TEST(ChipDescription, ShippedFm612xDescriptionsWriteWhatTheRegisterModelsWrite) 
                       [&](ConstBlock b, Colour c, int) { return ReadGain6(b, c, coding); }),
                   gainPage.fields.size());
     }
+
+    const Description fm6129 = Shipped("CRegvane_FM6129");
+    EXPECT_EQ(ExpectSameAsModel<int>(
+                  fm6129, {"gain", "low-grey"},
+                  [](Block b, Colour c, int field, int v) {
+                      field == 0 ? WriteFm6129Gain(b, c, v) : WriteFm6129LowGrey(b, c, v);
+                  },
+                  [](ConstBlock b, Colour c, int field) {
+                      return field == 0 ? ReadFm6129Gain(b, c) : ReadFm6129LowGrey(b, c);
+                  }),
+              fm6129.fields.size());
 
     const Description fm6129ex = Shipped("CRegvaneFM6129Ex");
     EXPECT_EQ(ExpectSameAsModel<Fm6129ExField>(
