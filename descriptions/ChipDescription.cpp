@@ -730,6 +730,15 @@ bool Parser::FieldKey(int number, std::string_view key, std::string_view value) 
         return Ids(number, value, field.currentIds);
     if (key == "group")
         return Text(number, value, field.group);
+    if (key == "on-fill") {
+        if (value == "rewrite")
+            field.onFill = OnFill::Rewrite;
+        else if (value == "count")
+            field.onFill = OnFill::HostCount;
+        else
+            return Fail(number, ErrorCode::BadValue, value);
+        return true;
+    }
     if (key == "show-if") {
         if (!IsName(value))
             return Fail(number, ErrorCode::BadValue, value);
@@ -845,6 +854,12 @@ bool Parser::FinishField(FieldDraft& draft) {
         return Fail(draft.LineOf("readout-ids"), ErrorCode::BadValue, "readout-ids");
     if (draft.Has("readout") && field.control == Control::None)
         return Fail(draft.LineOf("readout"), ErrorCode::BadValue, "readout");
+    // The host's count is one value, shown at most; a host value has no place of its own to write.
+    if (draft.Has("on-fill") && (IsHostValue(field.source) ||
+                                 (field.onFill == OnFill::HostCount &&
+                                  (field.colours != Colours::None ||
+                                   (field.control != Control::None && field.control != Control::Number)))))
+        return Fail(draft.LineOf("on-fill"), ErrorCode::BadValue, "on-fill");
     if ((draft.Has("step") || draft.Has("unit")) && field.control != Control::Number)
         return Fail(draft.LineOf(draft.Has("step") ? "step" : "unit"), ErrorCode::BadValue, "number");
     // The current read-out belongs to a value per colour that the operator sets.

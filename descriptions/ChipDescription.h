@@ -68,6 +68,14 @@ enum class Coding : std::uint8_t {
 
 enum class Control : std::uint8_t { None, Slider, Check, Combo, Number, Hex };
 
+// What the page writes into a field each time it fills itself from the chip, before the operator
+// touches anything.
+enum class OnFill : std::uint8_t {
+    Nothing,
+    Rewrite,   // the value read, written back into every place the chip keeps it, so the copies agree
+    HostCount, // the count the host reports (the scan lines it drives); the operator cannot edit it
+};
+
 struct Item {
     std::string text;
     bool literal = false; // shown as written, not translated
@@ -105,6 +113,7 @@ struct Field {
     std::vector<int> referenceIds;
     std::vector<int> fractionIds;
     std::vector<int> currentIds;
+    OnFill onFill = OnFill::Nothing;
     Item group;      // consecutive fields of one group share a box titled with it
     int showIf = -1; // index of the field whose non-zero value shows this one
 
@@ -113,7 +122,9 @@ struct Field {
     int ControlCount() const {
         return colours == Colours::Separate || colours == Colours::Linked ? kColourCount : 1;
     }
-    bool Editable() const { return control != Control::None && !IsHostValue(source); }
+    bool Editable() const {
+        return control != Control::None && !IsHostValue(source) && onFill != OnFill::HostCount;
+    }
 };
 
 enum class Title : std::uint8_t {

@@ -1,6 +1,6 @@
 #include "descriptions/DescriptionReadouts.h"
 
-#include "dialogs/chips/fm612x/Fm612xReadouts.h"
+#include "descriptions/Fm612xReadouts.h"
 #include "dialogs/common/Readouts.h"
 
 #include <array>

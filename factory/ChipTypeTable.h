@@ -93,7 +93,7 @@
     CLASS(  CRegvaneDP3263,         "DP3263",            20084, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneD8027,          "D8027",             20083, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneCFD555A,        "CFD555A",           20078, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneFM6128,         "FM6128",            20080, CHIP_CAPTION_PARENT,      CUSTOM) \
+    CLASS(  CRegvaneFM6128,         "FM6128",            20080, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneGW6808,         "GW6808",            20082, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneGS8208,         "GS8208",            20087, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMBI6328,        "MBI6328",           20415, CHIP_CAPTION_PARENT,      GENERIC) \
@@ -297,7 +297,7 @@
     CLASS(  CRegvane_C8135EX,       "C8135EX",           20434, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneFM6356BEX,      "FM6356BEX",         20075, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneCFD555AEx,      "CFD555AEx",         20079, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneFM6128Ex,       "FM6128Ex",          20081, CHIP_CAPTION_PARENT,      CUSTOM) \
+    CLASS(  CRegvaneFM6128Ex,       "FM6128Ex",          20081, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneDP3263EX,       "DP3263EX",          20085, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneRT5965Ex,       "RT5965Ex",          20090, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneAXS6018Ex,      "AXS6018Ex",         20096, CHIP_CAPTION_PARENT,      GENERIC) \

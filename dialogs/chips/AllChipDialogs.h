@@ -4,5 +4,4 @@
 
 #include "dialogs/chips/ChipRegModify.h"
 #include "dialogs/chips/Mbi5153.h"
-#include "dialogs/chips/fm612x/RegvaneFM6128.h"
 #include "dialogs/chips/ParamTablePages.h"

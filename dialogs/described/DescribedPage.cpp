@@ -165,6 +165,12 @@ int& CDescribedPage::LinkSwitch() const {
     return Settings().linked;
 }
 
+BOOL CDescribedPage::OnInitDialog() {
+    const BOOL result = CChipDialog::OnInitDialog();
+    WriteOnFillFields();
+    return result;
+}
+
 void CDescribedPage::OnInitControls() {
     const Page& page = m_description->page;
     if (page.title == Title::Model) {
@@ -178,8 +184,9 @@ void CDescribedPage::OnInitControls() {
             const int value = std::clamp(ReadHostValue(field.source), field.minimum, field.maximum);
             ShowValue(slot, value);
             UpdateReadout(slot, value);
-            ::EnableWindow(slot.window, FALSE);
         }
+        if (!field.Editable())
+            ::EnableWindow(slot.window, FALSE);
     }
 }
 
@@ -382,6 +389,8 @@ void CDescribedPage::RefreshFromChip() {
         read[static_cast<std::size_t>(source)] = true;
     }
     ShowRecords(records, read);
+    if (CanWrite())
+        WriteOnFillFields();
     if (m_linkId)
         CheckButton(m_linkId, LinkSwitch() != 0);
     if (m_currentSwitchId) {
@@ -562,6 +571,37 @@ void CDescribedPage::WriteDefaults() {
     if (m_currentSwitchId)
         UpdateCurrentGroup();
     ReportChange();
+}
+
+void CDescribedPage::WriteOnFillFields() {
+    const std::vector<Field>& fields = m_description->fields;
+    if (!CanWrite() || std::none_of(fields.begin(), fields.end(),
+                                    [](const Field& f) { return f.onFill != OnFill::Nothing; }))
+        return;
+    std::array<Bytes, kSourceCount> records{};
+    std::array<bool, kSourceCount> written{};
+    for (const Source source : m_description->RecordsInUse()) {
+        const Bytes read = ReadSource(source);
+        Bytes& record = records[static_cast<std::size_t>(source)];
+        record = read;
+        for (const Field& field : fields) {
+            if (field.source != source || field.onFill == OnFill::Nothing)
+                continue;
+            for (int copy = 0; copy < static_cast<int>(field.positions.size()); ++copy) {
+                // The chip keeps the count's low bits, so only they are taken, whatever the host says.
+                const int value = field.onFill == OnFill::HostCount
+                                      ? static_cast<int>(Chip()->GetCount() & 0xFFFFFFu)
+                                      : ReadValue(field, read, copy);
+                WriteValue(field, record, copy, value);
+            }
+        }
+        written[static_cast<std::size_t>(source)] = record != read;
+        if (written[static_cast<std::size_t>(source)])
+            WriteSource(source, record);
+    }
+    ShowRecords(records, written);
+    if (std::find(written.begin(), written.end(), true) != written.end())
+        ReportChange();
 }
 
 bool CDescribedPage::OnHScroll(UINT code, UINT position, HWND scrollBar) {

@@ -32,6 +32,7 @@ public:
     static constexpr UINT kFallbackFrameTemplate = 8224;
 
 protected:
+    BOOL OnInitDialog() override;
     void OnInitControls() override;
     void RefreshFromChip() override;
     bool OnCommand(UINT code, UINT id, HWND control) override;
@@ -80,6 +81,9 @@ private:
     void OnControlChanged(ControlSlot& slot);
     void OnHexEdited(ControlSlot& slot);
     void WriteDefaults();
+    // The fields the chip wants written whenever the page fills itself (copies made equal again, the
+    // host's count): written, shown and reported when that changes the chip.
+    void WriteOnFillFields();
     int ReportChange();
     // The output-current read-out, when the description has one.
     void UpdateCurrentGroup();

@@ -94,6 +94,9 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {replace("link = IDS_Link", "link = IDS_Link\ndefault-id = 9"), 4, ErrorCode::MissingKey},
         {replace("link = IDS_Link", "link = IDS_Link\nswitches = module"), 4, ErrorCode::BadValue},
         {replace("control = slider", "control = slider\nhost-range = count"), 10, ErrorCode::BadValue},
+        // Written on every fill: the value read again, or the host's count into one value.
+        {replace("control = slider", "control = slider\non-fill = always"), 10, ErrorCode::BadValue},
+        {replace("control = combo", "control = combo\non-fill = count"), 16, ErrorCode::BadValue},
         {replace("control = combo", "control = combo\nhost-range = gain"), 16, ErrorCode::BadValue},
         {replace("link = IDS_Link", "link = IDS_Link\nrefresh-reads = record20 record-a"), 4,
          ErrorCode::MissingKey}, // the fields' block is not read

@@ -219,4 +219,42 @@ TEST(PageTraces, Fm6129ExGivesTheHostTheAcceptedCalls) {
     ExpectTrace("CRegvaneFM6129Ex", page.Trace());
 }
 
+// The FM6128 pages keep their settings in the large block, whose every byte differs here too.
+SimulatedChip LargePatternChip(const char* model) {
+    SimulatedChip chip = PatternChip(model);
+    for (std::size_t i = 0; i < chip.regData2.size(); ++i)
+        chip.regData2[i] = static_cast<std::uint8_t>(0x3C + i * 0x17);
+    return chip;
+}
+
+TEST(PageTraces, Fm6128GivesTheHostTheAcceptedCalls) {
+    SimulatedChip chip = LargePatternChip("FM6128");
+    TracedSession page(120, chip);
+    page.Click(21307); // the link starts off: on, then off again
+    page.Slider(21302, 100);
+    page.Click(21307);
+    page.Slider(21301, 5);
+    page.Slider(21303, 127);
+    page.Host("sets byte 85 to 0x15", [&] { chip.regData2[85] = 0x15; });
+    page.Reread();
+    page.ShowAgain();
+    page.Slider(21301, 64);
+    ExpectTrace("CRegvaneFM6128", page.Trace());
+}
+
+// The FM6128Ex page writes the chip whenever it fills: the gain copies made equal, the host's count.
+TEST(PageTraces, Fm6128ExGivesTheHostTheAcceptedCalls) {
+    SimulatedChip chip = LargePatternChip("FM6128");
+    chip.count = 24;
+    TracedSession page(65536 + 41, chip);
+    page.Type(21311, L"9");
+    page.Slider(21302, 33);
+    page.Host("drives 40 scan lines", [&] { chip.count = 40; });
+    page.Reread();
+    page.Host("sets byte 91 to 0", [&] { chip.regData2[91] = 0; });
+    page.ShowAgain();
+    page.Type(21311, L"0");
+    ExpectTrace("CRegvaneFM6128Ex", page.Trace());
+}
+
 } // namespace

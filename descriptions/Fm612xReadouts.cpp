@@ -1,4 +1,4 @@
-#include "dialogs/chips/fm612x/Fm612xReadouts.h"
+#include "descriptions/Fm612xReadouts.h"
 
 #include <cmath>
 #include <cstdio>
