@@ -100,8 +100,8 @@ HWND OpenBare(const std::vector<WORD>& frame, const std::vector<Child>& children
 } // namespace
 
 int main(int argc, char** argv) {
-    // FM6126, FM6127, FM6129, FM6126EX, FM6127EX, FM6129Ex
-    std::vector<int> types{179, 184, 259, 65536 + 15, 65536 + 25, 65536 + 48};
+    // FM6126, FM6127, FM6128, FM6129, FM6126EX, FM6127EX, FM6128Ex, FM6129Ex
+    std::vector<int> types{179, 184, 120, 259, 65536 + 15, 65536 + 25, 65536 + 41, 65536 + 48};
     const int rounds = argc > 1 ? std::max(5, std::atoi(argv[1])) : 300;
     if (argc > 2) {
         types.clear();
