@@ -147,8 +147,12 @@ std::string PageSession::ChipDescription() const {
         return m_chip->modelName;
     if (!m_chip->chipType)
         return m_chip->modelName + ", no numbered chip type";
-    return m_chip->modelName + " of chip type " + ChipTypeLabel(m_chip->chipType) +
-           (m_chip->chipSubType ? "/" + std::to_string(m_chip->chipSubType) : "");
+    std::string text = m_chip->modelName + " of chip type " + ChipTypeLabel(m_chip->chipType);
+    if (m_chip->chipSubType) {
+        text += '/';
+        text += std::to_string(m_chip->chipSubType);
+    }
+    return text;
 }
 
 void PageSession::CollectCalls() {
