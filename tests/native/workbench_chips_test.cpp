@@ -13,7 +13,6 @@ namespace {
 TEST(WorkbenchChips, ChipNamesComeFromThePageClass) {
     EXPECT_EQ(ModelNameFromClassName("CRegvane_SUM2017T", 9), "SUM2017T");
     EXPECT_EQ(ModelNameFromClassName("CRegvaneMbi5153", 47), "MBI5153");
-    EXPECT_EQ(ModelNameFromClassName("CRegvaneICN2055EX", 65549), "ICN2055");
     EXPECT_EQ(ModelNameFromClassName("CRegvaneSM16169SHEx", 65616), "SM16169SH");
     EXPECT_EQ(ModelNameFromClassName("CRegvan_FM6648", 182), "FM6648");
     EXPECT_EQ(ModelNameFromClassName("CMY9868SetDlgEx", 10), "MY9868");
