@@ -11,10 +11,10 @@
 
 class TempFolder {
 public:
-    explicit TempFolder(const std::string& suffix = "") {
+    TempFolder() {
         const ::testing::TestInfo* test = ::testing::UnitTest::GetInstance()->current_test_info();
         m_path = std::filesystem::temp_directory_path() /
-                 (std::string("regvane_") + test->test_suite_name() + "_" + test->name() + suffix);
+                 (std::string("regvane_") + test->test_suite_name() + "_" + test->name());
         std::filesystem::remove_all(m_path);
         std::filesystem::create_directories(m_path);
     }

@@ -25,8 +25,7 @@ TEST(Fm612xReadouts, RangesEndsRoundingAndAZeroReference) {
 
     EXPECT_EQ(FormatFm6129Percent(0), L"2%");
     const CurrentReadout low = Fm6129Readout(10, Fm6129Divisor(2000.0f));
-    EXPECT_EQ(low.fraction, L"17.2"); // 10 x 98.44 / 63 + 1.56 = 17.185
-    EXPECT_EQ(low.current, L"1.55 mA");
+    EXPECT_EQ(low.current, L"1.55 mA"); // (10 x 98.44 / 63 + 1.56) x 18 / 200000 x 1000 = 1.547
     EXPECT_EQ(Fm6129Readout(63, 0.0f).current, L"0.00 mA");
 }
 

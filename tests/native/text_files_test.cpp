@@ -1,6 +1,6 @@
-// Text encodings, line reading and writing, the language file format, and the language files we ship.
-// Which file a language index picks and how a missing text falls through is held by the Windows
-// language-switch tests.
+// Text encodings, line reading, the language file format, which language files the host's index
+// picks, and the language files we ship. Where the files lie and how a missing text falls through is
+// held by the Windows language-switch test.
 #include "TempFolder.h"
 #include "framework/LanguageFile.h"
 #include "framework/StdioFileEx.h"
@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <regex>
 #include <set>
 
@@ -49,7 +50,8 @@ TEST(TextEncoding, Utf8RoundTripsEveryPlaneReplacesBrokenBytesAndTheBomDecides) 
               L"\uFFFD"); // odd byte after a UTF-16 BOM
 }
 
-TEST(StdioFileEx, ReadsEveryEncodingAndLineEndWritesUtf8WithCrLf) {
+// Writing, and failing to open, are held by the parameter files' exports and imports.
+TEST(StdioFileEx, ReadsEveryEncodingAndLineEnd) {
     TempFolder dir;
     dir.Write("utf8.txt", "one\r\ntwo\nthree");
     dir.Write("bom.txt", "\xEF\xBB\xBF\xE4\xB8\xAD\r\nx\r\n");
@@ -58,21 +60,6 @@ TEST(StdioFileEx, ReadsEveryEncodingAndLineEndWritesUtf8WithCrLf) {
     EXPECT_EQ(ReadAllLines(dir.File("bom.txt")), (std::vector<std::wstring>{L"\u4e2d", L"x"}));
     EXPECT_EQ(ReadAllLines(dir.File("utf16.txt")),
               (std::vector<std::wstring>{L"\u00e9t\u00e9", L"", L"end"}));
-    {
-        CStdioFileEx file;
-        ASSERT_TRUE(file.Open(dir.File("out.csv"), CStdioFileEx::modeCreate | CStdioFileEx::modeWrite));
-        std::wstring line;
-        EXPECT_FALSE(file.ReadString(line)) << "a file open for writing gives no lines";
-        for (const wchar_t* piece : {L"TAG\r\n", L"a,b\n\u00e9", L"\r", L"\n"})
-            EXPECT_TRUE(file.WriteString(piece));
-        EXPECT_TRUE(file.Close());
-    }
-    EXPECT_EQ(dir.Read("out.csv"), "TAG\r\na,b\r\n\xC3\xA9\r\n");
-
-    CStdioFileEx missing;
-    EXPECT_FALSE(missing.Open(dir.File("absent.txt"), CStdioFileEx::modeRead));
-    EXPECT_FALSE(
-        missing.Open(dir.File("no/folder/x.txt"), CStdioFileEx::modeCreate | CStdioFileEx::modeWrite));
 }
 
 TEST(LanguageFile, ParsesSectionsCommentsEscapesAndKeepsTheFirstOfEqualKeys) {
@@ -87,6 +74,39 @@ TEST(LanguageFile, ParsesSectionsCommentsEscapesAndKeepsTheFirstOfEqualKeys) {
     EXPECT_EQ(file.Find(L"String", L"; comment"), nullptr);
     EXPECT_EQ(file.Find(L"8229", L"x"), nullptr)
         << "a line of a broken section header must not start a section";
+}
+
+// The host's language index names the file pair the suite ships for it; anything else is English.
+TEST(LanguageSelection, EveryIndexOfTheHostPicksItsFilePairAndOthersGetEnglish) {
+    const struct {
+        int index;
+        const wchar_t* primary;
+        const wchar_t* fallback;
+    } rows[] = {
+        {1, L"Multi_chi.ini", L"Multi_chi.ini"},
+        {2, L"Multi_chi_fanti.ini", L"Multi_chi.ini"},
+        {3, L"Multi_eng.ini", L"Multi_eng.ini"},
+        {4, L"Multi_French.ini", L"Multi_eng.ini"},
+        {5, L"Multi_Japanese.ini", L"Multi_eng.ini"},
+        {6, L"Multi_Korean.ini", L"Multi_eng.ini"},
+        {7, L"Multi_Russian.ini", L""},
+        {8, L"Multi_Thai.ini", L"Multi_eng.ini"},
+        {9, L"Multi_Spanish.ini", L"Multi_eng.ini"},
+        {10, L"Multi_Polish.ini", L"Multi_eng.ini"},
+        {11, L"Multi_Swedish.ini", L"Multi_eng.ini"},
+        {12, L"Multi_Portuguese.ini", L"Multi_eng.ini"},
+        {13, L"Multi_Polish.ini", L"Multi_eng.ini"},
+        {0, L"Multi_eng.ini", L"Multi_eng.ini"},
+        {14, L"Multi_eng.ini", L"Multi_eng.ini"},
+        {-1, L"Multi_eng.ini", L"Multi_eng.ini"},
+        {INT_MIN, L"Multi_eng.ini", L"Multi_eng.ini"},
+        {INT_MAX, L"Multi_eng.ini", L"Multi_eng.ini"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.index);
+        EXPECT_STREQ(LanguageFilesForIndex(row.index).primary, row.primary);
+        EXPECT_STREQ(LanguageFilesForIndex(row.index).fallback, row.fallback);
+    }
 }
 
 // The section names of a language file, in file order.
@@ -175,11 +195,13 @@ TEST(Translate, EveryLanguageOfTheHostShipsEveryTextOfTheEnglishFile) {
                         << "[" << section << "] " << key << "=" << *text << " lost the number " << number;
             }
         }
-        for (const std::wstring& section : SectionNames(path))
-            if (const auto* entries = language.Section(section))
+        for (const std::wstring& section : SectionNames(path)) {
+            if (const auto* entries = language.Section(section)) {
                 for (const auto& entry : *entries)
                     EXPECT_NE(english.Find(section, entry.first), nullptr)
                         << "[" << section << "] " << entry.first << " is missing from Multi_eng.ini";
+            }
+        }
     }
 }
 

@@ -7,8 +7,8 @@
 
 namespace {
 
-// The options every headless run gives (--type, --profile, --screenshot, --do, --reset) are held by
-// the Windows workbench tests.
+// The options every headless run gives (--type, --profile, --screenshot, --do, --reset), --all-pages
+// with --types, and an unknown option are held by the Windows workbench tests.
 TEST(WorkbenchOptions, ReadsAHeadlessRun) {
     const ParsedOptions parsed =
         ParseOptions({L"--headless", L"--type", L"65536+4", L"--subtype", L"212", L"--do", L"slider 8123 20",
@@ -18,10 +18,6 @@ TEST(WorkbenchOptions, ReadsAHeadlessRun) {
     EXPECT_EQ(parsed.options.subType, 212);
     EXPECT_EQ(parsed.options.inlineActions, "slider 8123 20;click 8025");
     EXPECT_EQ(parsed.options.language, 1);
-
-    const ParsedOptions all = ParseOptions({L"--all-pages", L"out", L"--types", L"47,65536+4,81"});
-    ASSERT_EQ(all.error, "");
-    EXPECT_EQ(all.options.onlyTypes, (std::vector<int>{47, 65540, 81}));
 }
 
 TEST(WorkbenchOptions, RefusesWhatItCannotDoWithAReason) {
@@ -33,7 +29,6 @@ TEST(WorkbenchOptions, RefusesWhatItCannotDoWithAReason) {
         {{L"--type"}, "--type needs a chip type number"},
         {{L"--language", L"14"}, "the host's languages are 1 to 13"},
         {{L"--subtype", L"70000"}, "--subtype 70000: not a number from 0 to 65535"},
-        {{L"--frobnicate"}, "unknown option --frobnicate"},
         {{L"--headless"}, "--headless needs --type"},
         {{L"--all-pages", L"out", L"--type", L"47"}, "does not go with --type"},
         {{L"--types", L"47"}, "--types only limits --all-pages"},
@@ -45,16 +40,12 @@ TEST(WorkbenchOptions, RefusesWhatItCannotDoWithAReason) {
     }
 }
 
-// A viewer checks every chunk's CRC; the pixels themselves are read back from real page pictures by
-// the workbench's picture test.
-TEST(WorkbenchPng, WritesSignatureHeaderAndChunksWithTheirCrc) {
+// A viewer checks every chunk's CRC. The signature, the header and the pixels are read back from real
+// page pictures by the workbench's picture test, whose reader skips the CRCs.
+TEST(WorkbenchPng, WritesChunksWithTheirCrcAndRefusesTooFewPixels) {
     const std::vector<std::uint8_t> rgb = {255, 0,  0,  0,  255, 0,  0,   0,   255,
                                            10,  20, 30, 10, 20,  30, 250, 251, 252};
     const std::vector<std::uint8_t> png = EncodePng(3, 2, rgb);
-    ASSERT_GT(png.size(), 33u);
-    EXPECT_EQ(std::vector<std::uint8_t>(png.begin(), png.begin() + 8 + 16),
-              (std::vector<std::uint8_t>{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n', 0, 0, 0, 13,
-                                         'I',  'H', 'D', 'R', 0,    0,    0,    3,    0, 0, 0, 2}));
     std::string types;
     for (std::size_t at = 8; at + 12 <= png.size();) {
         const std::uint32_t length = (png[at] << 24) | (png[at + 1] << 16) | (png[at + 2] << 8) | png[at + 3];

