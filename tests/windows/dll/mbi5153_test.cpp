@@ -384,7 +384,7 @@ TEST_F(Mbi5153Page, OddHostsDoNotBreakThePage) {
     SendMessageW(page, 0x0903, 0, 0);
     Click(page, kCancel);
     EXPECT_FALSE(IsWindow(page));
-    host.TakePosted();
+    PumpMessages();
 }
 
 } // namespace
