@@ -19,18 +19,9 @@ protected:
     HostFrame host;
 };
 
-TEST_F(Factory, NumbersWithoutAPageGiveNullWithoutAskingTheHost) {
-    for (int chipType : {0, 255, 549, 65535, -1, 65536 + 10}) {
-        SimulatedChip chip(static_cast<std::uint16_t>(chipType), 0);
-        EXPECT_EQ(lib.CreateRegvaneWnd(chipType, &chip, L"", nullptr), nullptr) << chipType;
-        EXPECT_EQ(lib.CreateRegvaneHwnd(chipType, &chip, L"", host.View()), nullptr) << chipType;
-        EXPECT_EQ(chip.CallNames(), Calls{}) << chipType;
-    }
-}
-
 // Rows of one number are tried in order, each asking the host for the sub-type afresh (the rows
-// themselves are held to the table natively).
-TEST_F(Factory, SubTypesChooseThePageOrNoneAskingOncePerRowTried) {
+// themselves are held to the table natively); a number without rows asks nothing.
+TEST_F(Factory, NumbersAndSubTypesChooseThePageOrNoneAskingOncePerRowTried) {
     const struct {
         int chipType;
         std::uint16_t subType;
@@ -39,7 +30,13 @@ TEST_F(Factory, SubTypesChooseThePageOrNoneAskingOncePerRowTried) {
     } cases[] = {{11, 161, "", 4},
                  {11, 387, "CRegvaneSM16208", 3},
                  {47, 138, "CRegvane_SM16159", 1},
-                 {67, 404, "", 1}};
+                 {67, 404, "", 1},
+                 {0, 0, "", 0},
+                 {255, 0, "", 0},
+                 {549, 0, "", 0},
+                 {65535, 0, "", 0},
+                 {-1, 0, "", 0},
+                 {65536 + 10, 0, "", 0}};
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.chipType << "/" << c.subType);
         SimulatedChip chip(static_cast<std::uint16_t>(c.chipType), c.subType);
@@ -58,14 +55,20 @@ TEST_F(Factory, SubTypesChooseThePageOrNoneAskingOncePerRowTried) {
     }
 }
 
+// Every other page is held as the host's object (CreateRegvaneWnd), so each constructor form comes
+// up both ways; the soak holds that pages give back what they take.
 TEST_F(Factory, EveryTypeOpensItsPageFromItsOwnTemplateAndClosesCleanly) {
+    CWnd view(host.View());
     int opened = 0;
     for (const ChipTypeInfo& type : AllChipTypes()) {
         SCOPED_TRACE(type.chipType);
         ASSERT_NE(FindResourceW(lib.module, MAKEINTRESOURCEW(type.templateId), MAKEINTRESOURCEW(5)), nullptr)
             << "template " << type.templateId << " of " << type.className << " is missing";
         SimulatedChip chip(static_cast<std::uint16_t>(type.chipType), type.chipType == 67 ? 403 : 0);
-        HWND page = lib.CreateRegvaneHwnd(type.chipType, &chip, L"", host.View());
+        const bool asObject = opened % 2 == 1;
+        CDialog* dialog = asObject ? lib.CreateRegvaneWnd(type.chipType, &chip, L"", &view) : nullptr;
+        HWND page = asObject ? (dialog ? dialog->GetSafeHwnd() : nullptr)
+                             : lib.CreateRegvaneHwnd(type.chipType, &chip, L"", host.View());
         ASSERT_NE(page, nullptr);
         EXPECT_EQ(GetParent(page), host.View());
         EXPECT_STREQ(lib.RegvaneDialogClassName(page), type.className);
@@ -78,30 +81,18 @@ TEST_F(Factory, EveryTypeOpensItsPageFromItsOwnTemplateAndClosesCleanly) {
             EXPECT_EQ(Item(page, 8090) != nullptr, !described);
             EXPECT_EQ(GetWindowLongPtrW(page, GWL_STYLE) & WS_CAPTION, 0) << "a page has no title bar";
         }
-        DestroyWindow(page);
+        if (asObject)
+            delete dialog;
+        else
+            DestroyWindow(page);
+        EXPECT_FALSE(IsWindow(page));
         EXPECT_EQ(lib.RegvaneDialogClassName(page), nullptr);
+        chip.ClearLog();
+        PumpMessages();
+        EXPECT_EQ(chip.CallNames(), Calls{}) << "a closed page still talks to the chip";
         ++opened;
     }
     EXPECT_EQ(opened, 386);
-}
-
-TEST_F(Factory, PagesTheHostHoldsAsObjectsAreDeletedWithTheirWindow) {
-    CWnd view(host.View());
-    // One page of each constructor form, the raw editor itself and a page on a shared template.
-    for (int chipType : {10, 81, 96, 65536 + 8, 65536 + 17, 209}) {
-        SCOPED_TRACE(chipType);
-        SimulatedChip chip(static_cast<std::uint16_t>(chipType), 0);
-        CDialog* dialog = lib.CreateRegvaneWnd(chipType, &chip, L"Page", &view);
-        ASSERT_NE(dialog, nullptr);
-        HWND page = dialog->GetSafeHwnd();
-        EXPECT_EQ(GetParent(page), host.View());
-        EXPECT_STREQ(lib.RegvaneDialogClassName(page), FindChipType(chipType)->className);
-        delete dialog;
-        EXPECT_FALSE(IsWindow(page));
-        chip.ClearLog();
-        PumpMessages();
-        EXPECT_EQ(chip.CallNames(), Calls{}) << "a deleted page still talks to the chip";
-    }
 }
 
 TEST_F(Factory, AHostCaptionTitlesAGenericPage) {
