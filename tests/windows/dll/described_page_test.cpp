@@ -215,13 +215,12 @@ TEST_F(DescribedPage, AFileThatCannotBeUsedGivesNoPageAndSaysWhere) {
     broken.replace(broken.find("bits = 14[1]"), 12, "bits = 15[7]"); // line 64: the refresh mode's bit
     DeleteFileW(path.c_str());
     path = WriteDescription(broken.c_str());
+    // What RegvaneCheckDescription says is held by the workbench designer's tests, which call it.
     wchar_t problem[512] = {};
-    EXPECT_EQ(lib.RegvaneCheckDescription(path.c_str(), problem, 512), 1);
+    EXPECT_EQ(lib.RegvaneCreateDescribedPage(path.c_str(), &chip, L"", host.View(), problem, 512), nullptr);
     const std::wstring text = problem;
     EXPECT_NE(text.find(L"CRegvaneDescribedTest.desc:64: "), std::wstring::npos)
         << std::string(text.begin(), text.end());
-    EXPECT_NE(text.find(L"refresh"), std::wstring::npos);
-    EXPECT_EQ(lib.RegvaneCreateDescribedPage(path.c_str(), &chip, L"", host.View(), nullptr, 0), nullptr);
     EXPECT_TRUE(chip.CallNames(false).empty());
 }
 
