@@ -11,12 +11,9 @@
 
 namespace {
 
-class Factory : public ::testing::Test {
+class Factory : public PageTest {
 protected:
-    void SetUp() override { InstallHostCallback(); }
-
     RegvaneLibrary& lib = RegvaneLibrary::Get();
-    HostFrame host;
 };
 
 // Rows of one number are tried in order, each asking the host for the sub-type afresh (the rows
