@@ -1,6 +1,8 @@
-// CreateRegvaneWnd as the host calls it: which page a chip-type number opens, and that every page of
-// the chip-type table comes up from its own template and goes away cleanly. Which class each number
-// names is held to the table natively; here the DLL's exports must follow it.
+// regvane.dll's entry points as the host calls them: which page a chip-type number opens, that every
+// page of the chip-type table comes up from its own template and goes away cleanly, and which host
+// callback the module asks. Which class each number names is held to the table natively; here the
+// DLL's exports must follow it. That every entry point is found by its plain name is held by every
+// test: the test host loads them so, and the C host links them so.
 #include "OperatorActions.h"
 #include "factory/ChipTypes.h"
 #include "framework/Dialog.h"
@@ -90,17 +92,26 @@ TEST_F(Factory, EveryTypeOpensItsPageFromItsOwnTemplateAndClosesCleanly) {
         ++opened;
     }
     EXPECT_EQ(opened, 386);
+    EXPECT_EQ(lib.RegvaneDialogClassName(host.View()), nullptr) << "a window that is no page";
+    EXPECT_EQ(lib.RegvaneDialogClassName(nullptr), nullptr);
 }
 
 TEST_F(Factory, AHostCaptionTitlesAGenericPage) {
     SimulatedChip chip(96, 0);
     chip.modelName = "LS9929";
-    HWND titled = lib.CreateRegvaneHwnd(96, &chip, L"Module 3: LS9929", host.View());
-    HWND plain = lib.CreateRegvaneHwnd(96, &chip, L"", host.View());
-    EXPECT_EQ(Title(titled), L"Module 3: LS9929");
-    EXPECT_EQ(Title(plain), L"Chip registers - LS9929");
-    DestroyWindow(titled);
-    DestroyWindow(plain);
+    EXPECT_EQ(Title(Open(96, &chip, L"Module 3: LS9929")), L"Module 3: LS9929");
+    EXPECT_EQ(Title(Open(96, &chip)), L"Chip registers - LS9929");
+    CloseAll();
+}
+
+TEST_F(Factory, LanguageChangeAsksTheLatestCallbackOnce) {
+    SimulatedHostCallback first, second;
+    lib.InitRegvane(&first);
+    lib.InitRegvane(&second);
+    lib.RegvaneLanguageChanged();
+    EXPECT_TRUE(first.log.empty());
+    ASSERT_EQ(second.log.size(), 1u);
+    EXPECT_EQ(second.log[0].name, "GetLanguage");
 }
 
 } // namespace
