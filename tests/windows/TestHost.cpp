@@ -30,7 +30,6 @@ RegvaneLibrary& RegvaneLibrary::Get() {
         REGVANE_TEST_EXPORT(CreateRegvaneWnd)
         REGVANE_TEST_EXPORT(CreateRegvaneHwnd)
         REGVANE_TEST_EXPORT(RegvaneDialogClassName)
-        REGVANE_TEST_EXPORT(RegvaneCheckDescription)
         REGVANE_TEST_EXPORT(RegvaneCreateDescribedPage)
 #undef REGVANE_TEST_EXPORT
         return lib;

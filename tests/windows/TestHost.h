@@ -20,7 +20,6 @@ struct RegvaneLibrary {
     CreateRegvaneWndFn CreateRegvaneWnd = nullptr;
     CreateRegvaneHwndFn CreateRegvaneHwnd = nullptr;
     RegvaneDialogClassNameFn RegvaneDialogClassName = nullptr;
-    RegvaneCheckDescriptionFn RegvaneCheckDescription = nullptr;
     RegvaneCreateDescribedPageFn RegvaneCreateDescribedPage = nullptr;
 
     // Loaded once per test process from the test program's own folder.
