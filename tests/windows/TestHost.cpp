@@ -6,14 +6,6 @@
 
 namespace {
 
-std::vector<HostFrame::Posted>* g_posted = nullptr;
-
-LRESULT CALLBACK FrameProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message >= WM_USER && g_posted)
-        g_posted->push_back({message, wParam, lParam});
-    return DefWindowProcW(window, message, wParam, lParam);
-}
-
 template <class Fn> Fn Export(HMODULE module, const char* name) {
     FARPROC proc = GetProcAddress(module, name);
     if (!proc)
@@ -38,7 +30,6 @@ RegvaneLibrary& RegvaneLibrary::Get() {
         REGVANE_TEST_EXPORT(CreateRegvaneWnd)
         REGVANE_TEST_EXPORT(CreateRegvaneHwnd)
         REGVANE_TEST_EXPORT(RegvaneDialogClassName)
-        REGVANE_TEST_EXPORT(RegvaneCheckDescription)
         REGVANE_TEST_EXPORT(RegvaneCreateDescribedPage)
 #undef REGVANE_TEST_EXPORT
         return lib;
@@ -47,15 +38,8 @@ RegvaneLibrary& RegvaneLibrary::Get() {
 }
 
 HostFrame::HostFrame() {
-    static const ATOM frameClass = [] {
-        WNDCLASSW wc{};
-        wc.lpfnWndProc = FrameProc;
-        wc.lpszClassName = L"RegvaneTestFrame";
-        wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-        return RegisterClassW(&wc);
-    }();
-    m_frame = CreateWindowExW(0, MAKEINTATOM(frameClass), L"Test host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0,
-                              0, 1000, 760, nullptr, nullptr, nullptr, nullptr);
+    m_frame = CreateWindowExW(0, L"STATIC", L"Test host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1000, 760,
+                              nullptr, nullptr, nullptr, nullptr);
     // Pages take their keyboard and command routing from a dialog-like parent.
     m_view = CreateWindowExW(WS_EX_CONTROLPARENT, L"STATIC", L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0,
                              0, 990, 740, m_frame, nullptr, nullptr, nullptr);
@@ -63,14 +47,6 @@ HostFrame::HostFrame() {
 
 HostFrame::~HostFrame() {
     DestroyWindow(m_frame);
-}
-
-std::vector<HostFrame::Posted> HostFrame::TakePosted() {
-    std::vector<Posted> posted;
-    g_posted = &posted;
-    PumpMessages();
-    g_posted = nullptr;
-    return posted;
 }
 
 void PumpMessages() {
@@ -96,13 +72,14 @@ SimulatedHostCallback& InstallHostCallback(int language) {
     return callback;
 }
 
+namespace {
+
+// A common file dialog, or a question one of them asks: never a page's own message box. The
+// file-type list (cmb1) is in every common file dialog and in no message box.
 bool BelongsToFileDialog(HWND window) {
-    // The file-type list (cmb1) is in every common file dialog and in no message box.
     auto isFileDialog = [](HWND w) { return w && GetDlgItem(w, cmb1) != nullptr; };
     return isFileDialog(window) || isFileDialog(GetWindow(window, GW_OWNER));
 }
-
-namespace {
 
 // The dialogs a watcher thread answers: each runs on its own thread until the watcher goes, and
 // answers every visible top-level dialog window of this process it has not answered yet. Pages are
@@ -165,7 +142,7 @@ void Press(HWND dialog, int button) {
 
 } // namespace
 
-MessageBoxWatcher::MessageBoxWatcher(int answer) : m_answer(answer) {
+MessageBoxWatcher::MessageBoxWatcher() {
     InitializeCriticalSection(&m_lock);
     m_thread = CreateThread(nullptr, 0, Run, this, 0, nullptr);
 }
@@ -189,7 +166,7 @@ DWORD WINAPI MessageBoxWatcher::Run(void* param) {
         EnterCriticalSection(&self->m_lock);
         self->m_seen.push_back(seen);
         LeaveCriticalSection(&self->m_lock);
-        Press(box, self->m_answer);
+        Press(box, IDOK);
         return true;
     });
     return 0;
@@ -226,8 +203,6 @@ DWORD WINAPI FileDialogWatcher::Run(void* param) {
         // The file-name field: an edit (edt1) in some dialog layouts, an editable combo (cmb13) in others.
         HWND nameField = GetDlgItem(window, edt1) ? GetDlgItem(window, edt1) : GetDlgItem(window, cmb13);
         Dialog& seen = self->m_seen.emplace_back();
-        seen.title = WindowText(window);
-        seen.okButton = WindowText(GetDlgItem(window, IDOK));
         seen.proposedName = WindowText(nameField);
         HWND types = GetDlgItem(window, cmb1);
         for (LRESULT i = 0, count = SendMessageW(types, CB_GETCOUNT, 0, 0); i < count; ++i) {

@@ -20,7 +20,6 @@ struct RegvaneLibrary {
     CreateRegvaneWndFn CreateRegvaneWnd = nullptr;
     CreateRegvaneHwndFn CreateRegvaneHwnd = nullptr;
     RegvaneDialogClassNameFn RegvaneDialogClassName = nullptr;
-    RegvaneCheckDescriptionFn RegvaneCheckDescription = nullptr;
     RegvaneCreateDescribedPageFn RegvaneCreateDescribedPage = nullptr;
 
     // Loaded once per test process from the test program's own folder.
@@ -28,7 +27,8 @@ struct RegvaneLibrary {
 };
 
 // A top-level "frame" window with a child "view" window, as the host nests its pages: pages are
-// children of the view, and page buttons post to the frame. The frame records user messages.
+// children of the view, and page buttons post to the frame (what they post is held by the workbench
+// tests, whose frame logs it).
 class HostFrame {
 public:
     HostFrame();
@@ -36,25 +36,17 @@ public:
     HWND Frame() const { return m_frame; }
     HWND View() const { return m_view; }
 
-    struct Posted {
-        UINT message;
-        WPARAM wParam;
-        LPARAM lParam;
-    };
-    // Delivers posted messages and returns those the frame received since the last call.
-    std::vector<Posted> TakePosted();
-
 private:
     HWND m_frame = nullptr;
     HWND m_view = nullptr;
 };
 
 // Answers the message boxes a page shows while a test drives it: a second thread finds each visible
-// top-level dialog window of this process, notes its caption, text and icon style, and presses the
-// button given (IDOK by default). Each window is answered once.
+// top-level dialog window of this process, notes its caption, text and icon style, and presses OK.
+// Each window is answered once.
 class MessageBoxWatcher {
 public:
-    explicit MessageBoxWatcher(int answer = IDOK);
+    MessageBoxWatcher();
     ~MessageBoxWatcher();
     MessageBoxWatcher(const MessageBoxWatcher&) = delete;
     MessageBoxWatcher& operator=(const MessageBoxWatcher&) = delete;
@@ -69,7 +61,6 @@ public:
 
 private:
     static DWORD WINAPI Run(void* self);
-    int m_answer;
     volatile LONG m_stop = 0;
     HANDLE m_thread = nullptr;
     mutable CRITICAL_SECTION m_lock;
@@ -93,8 +84,6 @@ public:
     void WhileOpen(std::function<void()> probe) { m_probe = std::move(probe); }
 
     struct Dialog {
-        std::wstring title;
-        std::wstring okButton;
         std::wstring proposedName;           // the file-name field as the dialog opened
         std::vector<std::wstring> fileTypes; // the entries of the file-type list
         std::vector<std::wstring> prompts;   // texts of the questions it asked before closing
@@ -111,9 +100,6 @@ private:
     std::vector<Dialog> m_seen;
     std::vector<HWND> m_answered;
 };
-
-// A common file dialog, or a question one of them asks: never a page's own message box.
-bool BelongsToFileDialog(HWND window);
 
 // Runs the message loop until nothing is pending.
 void PumpMessages();

@@ -32,7 +32,7 @@ inline std::wstring Title(HWND page) {
     return text;
 }
 
-// Posted messages stay queued: a test that looks at what a page posts to its host takes them itself.
+// What a page posts to its host stays queued until the test pumps messages.
 inline void Click(HWND page, int id) {
     SendMessageW(Item(page, id), BM_CLICK, 0, 0);
 }

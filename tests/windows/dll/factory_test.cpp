@@ -1,6 +1,8 @@
-// CreateRegvaneWnd as the host calls it: which page a chip-type number opens, and that every page of
-// the chip-type table comes up from its own template and goes away cleanly. Which class each number
-// names is held to the table natively; here the DLL's exports must follow it.
+// regvane.dll's entry points as the host calls them: which page a chip-type number opens, that every
+// page of the chip-type table comes up from its own template and goes away cleanly, and which host
+// callback the module asks. Which class each number names is held to the table natively; here the
+// DLL's exports must follow it. That every entry point is found by its plain name is held by every
+// test: the test host loads them so, and the C host links them so.
 #include "OperatorActions.h"
 #include "factory/ChipTypes.h"
 #include "framework/Dialog.h"
@@ -11,26 +13,14 @@
 
 namespace {
 
-class Factory : public ::testing::Test {
+class Factory : public PageTest {
 protected:
-    void SetUp() override { InstallHostCallback(); }
-
     RegvaneLibrary& lib = RegvaneLibrary::Get();
-    HostFrame host;
 };
 
-TEST_F(Factory, NumbersWithoutAPageGiveNullWithoutAskingTheHost) {
-    for (int chipType : {0, 255, 549, 65535, -1, 65536 + 10}) {
-        SimulatedChip chip(static_cast<std::uint16_t>(chipType), 0);
-        EXPECT_EQ(lib.CreateRegvaneWnd(chipType, &chip, L"", nullptr), nullptr) << chipType;
-        EXPECT_EQ(lib.CreateRegvaneHwnd(chipType, &chip, L"", host.View()), nullptr) << chipType;
-        EXPECT_EQ(chip.CallNames(), Calls{}) << chipType;
-    }
-}
-
 // Rows of one number are tried in order, each asking the host for the sub-type afresh (the rows
-// themselves are held to the table natively).
-TEST_F(Factory, SubTypesChooseThePageOrNoneAskingOncePerRowTried) {
+// themselves are held to the table natively); a number without rows asks nothing.
+TEST_F(Factory, NumbersAndSubTypesChooseThePageOrNoneAskingOncePerRowTried) {
     const struct {
         int chipType;
         std::uint16_t subType;
@@ -39,7 +29,13 @@ TEST_F(Factory, SubTypesChooseThePageOrNoneAskingOncePerRowTried) {
     } cases[] = {{11, 161, "", 4},
                  {11, 387, "CRegvaneSM16208", 3},
                  {47, 138, "CRegvane_SM16159", 1},
-                 {67, 404, "", 1}};
+                 {67, 404, "", 1},
+                 {0, 0, "", 0},
+                 {255, 0, "", 0},
+                 {549, 0, "", 0},
+                 {65535, 0, "", 0},
+                 {-1, 0, "", 0},
+                 {65536 + 10, 0, "", 0}};
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.chipType << "/" << c.subType);
         SimulatedChip chip(static_cast<std::uint16_t>(c.chipType), c.subType);
@@ -58,14 +54,20 @@ TEST_F(Factory, SubTypesChooseThePageOrNoneAskingOncePerRowTried) {
     }
 }
 
+// Every other page is held as the host's object (CreateRegvaneWnd), so each constructor form comes
+// up both ways; the soak holds that pages give back what they take.
 TEST_F(Factory, EveryTypeOpensItsPageFromItsOwnTemplateAndClosesCleanly) {
+    CWnd view(host.View());
     int opened = 0;
     for (const ChipTypeInfo& type : AllChipTypes()) {
         SCOPED_TRACE(type.chipType);
         ASSERT_NE(FindResourceW(lib.module, MAKEINTRESOURCEW(type.templateId), MAKEINTRESOURCEW(5)), nullptr)
             << "template " << type.templateId << " of " << type.className << " is missing";
         SimulatedChip chip(static_cast<std::uint16_t>(type.chipType), type.chipType == 67 ? 403 : 0);
-        HWND page = lib.CreateRegvaneHwnd(type.chipType, &chip, L"", host.View());
+        const bool asObject = opened % 2 == 1;
+        CDialog* dialog = asObject ? lib.CreateRegvaneWnd(type.chipType, &chip, L"", &view) : nullptr;
+        HWND page = asObject ? (dialog ? dialog->GetSafeHwnd() : nullptr)
+                             : lib.CreateRegvaneHwnd(type.chipType, &chip, L"", host.View());
         ASSERT_NE(page, nullptr);
         EXPECT_EQ(GetParent(page), host.View());
         EXPECT_STREQ(lib.RegvaneDialogClassName(page), type.className);
@@ -78,41 +80,38 @@ TEST_F(Factory, EveryTypeOpensItsPageFromItsOwnTemplateAndClosesCleanly) {
             EXPECT_EQ(Item(page, 8090) != nullptr, !described);
             EXPECT_EQ(GetWindowLongPtrW(page, GWL_STYLE) & WS_CAPTION, 0) << "a page has no title bar";
         }
-        DestroyWindow(page);
+        if (asObject)
+            delete dialog;
+        else
+            DestroyWindow(page);
+        EXPECT_FALSE(IsWindow(page));
         EXPECT_EQ(lib.RegvaneDialogClassName(page), nullptr);
+        chip.ClearLog();
+        PumpMessages();
+        EXPECT_EQ(chip.CallNames(), Calls{}) << "a closed page still talks to the chip";
         ++opened;
     }
     EXPECT_EQ(opened, 386);
-}
-
-TEST_F(Factory, PagesTheHostHoldsAsObjectsAreDeletedWithTheirWindow) {
-    CWnd view(host.View());
-    // One page of each constructor form, the raw editor itself and a page on a shared template.
-    for (int chipType : {10, 81, 96, 65536 + 8, 65536 + 17, 209}) {
-        SCOPED_TRACE(chipType);
-        SimulatedChip chip(static_cast<std::uint16_t>(chipType), 0);
-        CDialog* dialog = lib.CreateRegvaneWnd(chipType, &chip, L"Page", &view);
-        ASSERT_NE(dialog, nullptr);
-        HWND page = dialog->GetSafeHwnd();
-        EXPECT_EQ(GetParent(page), host.View());
-        EXPECT_STREQ(lib.RegvaneDialogClassName(page), FindChipType(chipType)->className);
-        delete dialog;
-        EXPECT_FALSE(IsWindow(page));
-        chip.ClearLog();
-        PumpMessages();
-        EXPECT_EQ(chip.CallNames(), Calls{}) << "a deleted page still talks to the chip";
-    }
+    EXPECT_EQ(lib.RegvaneDialogClassName(host.View()), nullptr) << "a window that is no page";
+    EXPECT_EQ(lib.RegvaneDialogClassName(nullptr), nullptr);
 }
 
 TEST_F(Factory, AHostCaptionTitlesAGenericPage) {
     SimulatedChip chip(96, 0);
     chip.modelName = "LS9929";
-    HWND titled = lib.CreateRegvaneHwnd(96, &chip, L"Module 3: LS9929", host.View());
-    HWND plain = lib.CreateRegvaneHwnd(96, &chip, L"", host.View());
-    EXPECT_EQ(Title(titled), L"Module 3: LS9929");
-    EXPECT_EQ(Title(plain), L"Chip registers - LS9929");
-    DestroyWindow(titled);
-    DestroyWindow(plain);
+    EXPECT_EQ(Title(Open(96, &chip, L"Module 3: LS9929")), L"Module 3: LS9929");
+    EXPECT_EQ(Title(Open(96, &chip)), L"Chip registers - LS9929");
+    CloseAll();
+}
+
+TEST_F(Factory, LanguageChangeAsksTheLatestCallbackOnce) {
+    SimulatedHostCallback first, second;
+    lib.InitRegvane(&first);
+    lib.InitRegvane(&second);
+    lib.RegvaneLanguageChanged();
+    EXPECT_TRUE(first.log.empty());
+    ASSERT_EQ(second.log.size(), 1u);
+    EXPECT_EQ(second.log[0].name, "GetLanguage");
 }
 
 } // namespace

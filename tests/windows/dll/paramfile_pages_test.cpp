@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -17,7 +16,7 @@ namespace fs = std::filesystem;
 
 constexpr int kList = 8700, kExport = 8701, kImport = 8702, kCancel = 8571;
 constexpr int kIcn2055ExType = 65536 + 13;
-const wchar_t kLoaded[] = L"The parameter file has been loaded into the chip.";
+const std::wstring kLoaded = L"The parameter file has been loaded into the chip.";
 
 std::wstring Cell(HWND page, int row, int column) {
     wchar_t text[64] = {};
@@ -43,6 +42,15 @@ std::vector<std::wstring> ColumnTitles(HWND page) {
 struct Outcome {
     std::vector<FileDialogWatcher::Dialog> dialogs;
     std::vector<MessageBoxWatcher::Box> boxes;
+    // The one message box the press showed, after the icon it showed it with.
+    std::wstring Box() const {
+        if (boxes.size() != 1)
+            return std::to_wstring(boxes.size()) + L" boxes";
+        const wchar_t* icon = boxes[0].hasErrorIcon         ? L"error: "
+                              : boxes[0].hasInformationIcon ? L"info: "
+                                                            : L"";
+        return icon + boxes[0].text;
+    }
 };
 Outcome Press(HWND page, int button, std::vector<std::wstring> answers,
               std::function<void()> whileOpen = {}) {
@@ -87,27 +95,19 @@ protected:
     SimulatedChip chip;
 };
 
-TEST_F(ParamFilePages, EveryPageShowsItsTableUnderItsOwnNameWithoutWritingToTheChip) {
+// The pages are one class under many names, each with one of three tables; which name and template
+// each chip type gets is held by the factory test for every type.
+TEST_F(ParamFilePages, EachKindOfTableShowsItsRowsWithoutWritingToTheChip) {
     const struct {
         int type;
-        const char* className;
         int rows;
         std::size_t columns;
-    } pages[] = {
-        {65536 + 12, "CRegvaneICN2055", 45, 4},      {65536 + 13, "CRegvaneICN2055EX", 45, 4},
-        {65536 + 57, "CRegvaneICND2165Ex", 45, 4},   {65536 + 63, "CRegvaneICND2168Ex", 45, 4},
-        {65536 + 64, "CRegvaneICND2169Ex", 45, 4},   {65536 + 65, "CRegvaneCNS7363Ex", 18, 7},
-        {65536 + 84, "CRegvaneICND1065SEx", 45, 4},  {65536 + 90, "CRegvaneICND2153SEx", 45, 4},
-        {65536 + 98, "CRegvaneICND1068Ex", 45, 4},   {65536 + 99, "CRegvaneFM6373EX", 45, 4},
-        {65536 + 107, "CRegvaneMBI5292EX", 16, 9},   {65536 + 108, "CRegvaneFM6373CEX", 45, 4},
-        {65536 + 116, "CRegvaneICND2163SEx", 45, 4},
-    };
+    } pages[] = {{kIcn2055ExType, 45, 4}, {65536 + 65, 18, 7}, {65536 + 107, 16, 9}};
     for (const auto& expected : pages) {
-        SCOPED_TRACE(expected.className);
+        SCOPED_TRACE(expected.type);
         SimulatedChip target = chip;
         HWND page = RegvaneLibrary::Get().CreateRegvaneHwnd(expected.type, &target, L"", host.View());
         ASSERT_NE(page, nullptr);
-        EXPECT_STREQ(RegvaneLibrary::Get().RegvaneDialogClassName(page), expected.className);
         EXPECT_EQ(target.CallNames(false), Calls{});
         EXPECT_EQ(SendDlgItemMessageW(page, kList, LVM_GETITEMCOUNT, 0, 0), expected.rows);
         EXPECT_EQ(ColumnTitles(page).size(), expected.columns);
@@ -139,16 +139,11 @@ TEST_F(ParamFilePages, ExportAsksForAFileProposingTheChipsNameAndSaysItSavedIt) 
     EXPECT_EQ(first.dialogs[0].proposedName, L"ChipICN2055Param.csv");
     EXPECT_EQ(first.dialogs[0].fileTypes, (std::vector<std::wstring>{L"(*.csv)", L"All Files (*.*)"}));
     EXPECT_TRUE(first.dialogs[0].prompts.empty());
-    ASSERT_EQ(first.boxes.size(), 1u);
-    EXPECT_EQ(first.boxes[0].text, L"The parameter file has been saved.");
+    ASSERT_EQ(first.Box(), L"info: The parameter file has been saved.");
     EXPECT_EQ(first.boxes[0].caption, L"regvane_windows_tests");
-    EXPECT_TRUE(first.boxes[0].hasInformationIcon);
     EXPECT_FALSE(exportEnabledWhileOpen) << "Export is disabled while it runs";
     EXPECT_TRUE(IsWindowEnabled(Item(page, kExport)));
-    const std::string written = Read(L"\u5bc4\u5b58\u5668.csv");
-    EXPECT_EQ(std::count(written.begin(), written.end(), '\n'), 47);
-    const std::string start = "CHIP_ICN2055_PARAMETER_FILE\r\nAddr,RReg,GReg,BReg\r\n0x00,0x00,0x05,0x0a\r\n";
-    EXPECT_EQ(written.substr(0, start.size()), start);
+    EXPECT_EQ(Read(L"\u5bc4\u5b58\u5668.csv").rfind("CHIP_ICN2055_PARAMETER_FILE\r\n", 0), 0u);
     EXPECT_EQ(chip.CallNames(false), Calls{}) << "an export changes nothing in the chip";
 
     // Saving over the file again: the dialog asks before replacing it.
@@ -176,9 +171,7 @@ TEST_F(ParamFilePages, ImportHandsTheFileToTheHostAndCancelTakesItBack) {
     const Outcome outcome = Press(page, kImport, {File(L"in.csv")});
     ASSERT_EQ(outcome.dialogs.size(), 1u);
     EXPECT_EQ(outcome.dialogs[0].proposedName, L"");
-    ASSERT_EQ(outcome.boxes.size(), 1u);
-    EXPECT_EQ(outcome.boxes[0].text, kLoaded);
-    EXPECT_TRUE(outcome.boxes[0].hasInformationIcon);
+    EXPECT_EQ(outcome.Box(), L"info: " + kLoaded);
     EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "SetRegDataEx", "SetRegData2", "SetRegData3",
                                             "MarkModified", "UpdateHostState"}));
     EXPECT_EQ(chip.regData2[0], 0x40);
@@ -200,20 +193,16 @@ TEST_F(ParamFilePages, AnotherChipsFileIsRefusedInTheOperatorsLanguage) {
     const auto before = chip.regData2;
     HWND page = Open(kIcn2055ExType, &chip);
     Outcome outcome = Press(page, kImport, {File(L"other.csv")});
-    ASSERT_EQ(outcome.boxes.size(), 1u);
-    EXPECT_EQ(outcome.boxes[0].text,
-              L"The parameter file could not be loaded. Check that it is a parameter file of this chip.");
-    EXPECT_TRUE(outcome.boxes[0].hasInformationIcon);
-    EXPECT_FALSE(outcome.boxes[0].hasErrorIcon);
+    EXPECT_EQ(
+        outcome.Box(),
+        L"info: The parameter file could not be loaded. Check that it is a parameter file of this chip.");
     EXPECT_EQ(chip.regData2, before);
     EXPECT_EQ(chip.CallNames(false), Calls{});
 
     InstallHostCallback(1);
     outcome = Press(page, kImport, {File(L"other.csv")});
-    ASSERT_EQ(outcome.boxes.size(), 1u);
-    EXPECT_EQ(outcome.boxes[0].text,
-              L"\u53c2\u6570\u6587\u4ef6\u5bfc\u5165\u5931\u8d25\uff0c\u8bf7\u786e\u8ba4"
-              L"\u5b83\u662f\u672c\u82af\u7247\u7684\u53c2\u6570\u6587\u4ef6\u3002");
+    EXPECT_EQ(outcome.Box(), L"info: \u53c2\u6570\u6587\u4ef6\u5bfc\u5165\u5931\u8d25\uff0c\u8bf7\u786e\u8ba4"
+                             L"\u5b83\u662f\u672c\u82af\u7247\u7684\u53c2\u6570\u6587\u4ef6\u3002");
 }
 
 TEST_F(ParamFilePages, AnExportThatCannotWriteSaysSoAndKeepsTheEarlierFile) {
@@ -222,9 +211,7 @@ TEST_F(ParamFilePages, AnExportThatCannotWriteSaysSoAndKeepsTheEarlierFile) {
     fs::create_directories(fs::path(File(L"keep.csv.regvane-part")));
     HWND page = Open(kIcn2055ExType, &chip);
     const Outcome outcome = Press(page, kExport, {File(L"keep.csv")});
-    ASSERT_EQ(outcome.boxes.size(), 1u);
-    EXPECT_EQ(outcome.boxes[0].text, L"The parameter file could not be saved.");
-    EXPECT_TRUE(outcome.boxes[0].hasInformationIcon);
+    EXPECT_EQ(outcome.Box(), L"info: The parameter file could not be saved.");
     EXPECT_EQ(Read(L"keep.csv"), "earlier file");
 }
 
@@ -235,11 +222,8 @@ TEST_F(ParamFilePages, Mbi5292TellsAWrongTagApartWithAnErrorIcon) {
     const Outcome wrong = Press(page, kImport, {File(L"wrong.csv")});
     EXPECT_EQ(chip.CallNames(false), Calls{});
     const Outcome right = Press(page, kImport, {File(L"right.csv")});
-    ASSERT_EQ(wrong.boxes.size(), 1u);
-    EXPECT_EQ(wrong.boxes[0].text, L"This file is not a parameter file of this chip.");
-    EXPECT_TRUE(wrong.boxes[0].hasErrorIcon);
-    ASSERT_EQ(right.boxes.size(), 1u);
-    EXPECT_EQ(right.boxes[0].text, kLoaded);
+    EXPECT_EQ(wrong.Box(), L"error: This file is not a parameter file of this chip.");
+    EXPECT_EQ(right.Box(), L"info: " + kLoaded);
     EXPECT_EQ(chip.regData2[7], 8);
     EXPECT_EQ(Cell(page, 0, 8), L"0x08");
 }

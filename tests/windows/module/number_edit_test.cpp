@@ -7,7 +7,6 @@
 #include <commctrl.h>
 #include <windows.h>
 
-#include <memory>
 #include <vector>
 
 namespace {
@@ -127,17 +126,6 @@ TEST_F(NumberEdit, SpinButtonsStepTheValueWithinTheRangeAndFollowTheEdit) {
     EXPECT_FALSE(IsWindowVisible(spin));
     ShowWindow(window, SW_SHOW);
     EXPECT_TRUE(IsWindowVisible(spin));
-}
-
-TEST_F(NumberEdit, LetsGoOfItsWindowsWhenTheyAreDestroyedFirst) {
-    auto edit = std::make_unique<CNumberEdit>();
-    edit->EnableSpin(true);
-    ASSERT_TRUE(edit->SubclassWindow(window));
-    EXPECT_FALSE(CNumberEdit().SubclassWindow(parent)) << "a window that is no edit";
-    DestroyWindow(parent);
-    parent = nullptr;
-    EXPECT_EQ(edit->GetSafeHwnd(), nullptr);
-    edit.reset(); // nothing left to unhook
 }
 
 } // namespace

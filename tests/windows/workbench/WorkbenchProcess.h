@@ -4,11 +4,14 @@
 #pragma once
 
 #include "workbench/HostModule.h"
+#include "workbench/MainWindow.h"
 #include "workbench/SimulatedChip.h"
 
+#include <gtest/gtest.h>
 #include <windows.h>
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -64,3 +67,27 @@ struct LoadedModule {
 
 // The lines of the workbench window's call log.
 std::vector<std::wstring> LogLines(HWND main);
+
+// The workbench's window made in-process on the test's own profile folder, as the workbench starts.
+class WorkbenchWindowTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        options.profile = profile.Path();
+        window = std::make_unique<MainWindow>(loaded.module, callback, options);
+        ASSERT_TRUE(window->Create());
+        main = window->Handle();
+    }
+
+    // As the workbench's message loop does between two messages.
+    void Pump() {
+        PumpMessages();
+        window->Refresh();
+    }
+
+    LoadedModule loaded;
+    SimulatedHostCallback& callback = loaded.callback;
+    TempFolder profile;
+    WorkbenchOptions options;
+    std::unique_ptr<MainWindow> window;
+    HWND main = nullptr;
+};

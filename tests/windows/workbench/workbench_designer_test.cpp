@@ -2,7 +2,6 @@
 // when its file changes, mistakes shown with file, line and reason, and descriptions checked from the
 // command line. The layouts are made up for the test; nothing here describes a real chip.
 #include "WorkbenchProcess.h"
-#include "workbench/MainWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -16,48 +15,44 @@ std::string Description(int byte, int id) {
            std::to_string(byte) + "[7:0]\ncontrol = number\nids = " + std::to_string(id) + "\n";
 }
 
-// Lets the designer's watch of the file see a change.
-void WaitForRedraw(MainWindow& window) {
-    for (int i = 0; i < 40; ++i) {
-        Sleep(50);
-        PumpMessages();
-        window.Refresh();
+class WorkbenchDesignerWindow : public WorkbenchWindowTest {
+protected:
+    // Lets the designer's watch of the file see a change.
+    void WaitForRedraw() {
+        for (int i = 0; i < 40; ++i) {
+            Sleep(50);
+            Pump();
+        }
     }
-}
+};
 
-TEST(WorkbenchDesigner, DrawsTheDescriptionAgainWhenItChangesOnTheSameChip) {
-    LoadedModule loaded;
-    TempFolder folder;
-    WorkbenchOptions options;
-    options.profile = folder.Path();
-    MainWindow window(loaded.module, loaded.callback, options);
-    ASSERT_TRUE(window.Create());
-    const std::wstring file = folder.File(L"CRegvane_SUM2018.desc");
+TEST_F(WorkbenchDesignerWindow, DrawsTheDescriptionAgainWhenItChangesOnTheSameChip) {
+    const std::wstring file = profile.File(L"CRegvane_SUM2018.desc");
     WriteFileBytes(file, Description(4, 500));
 
-    ASSERT_TRUE(window.OpenDescription(file));
-    EXPECT_EQ(window.Session().Chip().chipType, 7);
-    HWND edit = GetDlgItem(window.Session().Page(), 500);
+    ASSERT_TRUE(window->OpenDescription(file));
+    EXPECT_EQ(window->Session().Chip().chipType, 7);
+    HWND edit = GetDlgItem(window->Session().Page(), 500);
     ASSERT_NE(edit, nullptr);
     SetWindowTextW(edit, L"77");
     SendMessageW(edit, WM_KEYDOWN, VK_RETURN, 0);
-    EXPECT_EQ(window.Session().Chip().regData[4], 77);
+    EXPECT_EQ(window->Session().Chip().regData[4], 77);
 
     // Another byte, another id: the page follows the file, the chip keeps what it holds.
     WriteFileBytes(file, Description(5, 501));
-    WaitForRedraw(window);
-    HWND page = window.Session().Page();
+    WaitForRedraw();
+    HWND page = window->Session().Page();
     ASSERT_NE(GetDlgItem(page, 501), nullptr);
     EXPECT_EQ(GetDlgItem(page, 500), nullptr);
-    EXPECT_EQ(window.Session().Chip().regData[4], 77);
+    EXPECT_EQ(window->Session().Chip().regData[4], 77);
 
     // A mistake: the log says where and why, and the last good page stays.
     WriteFileBytes(file, Description(5, 501) + "colour = red\n");
-    WaitForRedraw(window);
-    const std::wstring last = LogLines(window.Handle()).back();
+    WaitForRedraw();
+    const std::wstring last = LogLines(main).back();
     EXPECT_NE(last.find(L"CRegvane_SUM2018.desc:9: unknown key 'colour'"), std::wstring::npos)
         << std::string(last.begin(), last.end());
-    EXPECT_EQ(window.Session().Page(), page);
+    EXPECT_EQ(window->Session().Page(), page);
     EXPECT_TRUE(IsWindow(page));
 }
 
