@@ -1,7 +1,7 @@
 // regvane.dll's entry points as the host calls them: which page a chip-type number opens, that every
 // page of the chip-type table comes up from its own template and goes away cleanly, and which host
-// callback the module asks. Which class each number names is held to the table natively; here the
-// DLL's exports must follow it. That every entry point is found by its plain name is held by every
+// callback the module asks. Which class each number names is the chip-type table's; here the DLL's
+// exports must follow it. That every entry point is found by its plain name is held by every
 // test: the test host loads them so, and the C host links them so.
 #include "OperatorActions.h"
 #include "factory/ChipTypes.h"
@@ -18,8 +18,8 @@ protected:
     RegvaneLibrary& lib = RegvaneLibrary::Get();
 };
 
-// Rows of one number are tried in order, each asking the host for the sub-type afresh (the rows
-// themselves are held to the table natively); a number without rows asks nothing.
+// Rows of one number are tried in order, each asking the host for the sub-type afresh; a number
+// without rows asks nothing.
 TEST_F(Factory, NumbersAndSubTypesChooseThePageOrNoneAskingOncePerRowTried) {
     const struct {
         int chipType;
