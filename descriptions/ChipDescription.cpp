@@ -854,11 +854,11 @@ bool Parser::FinishField(FieldDraft& draft) {
         return Fail(draft.LineOf("readout-ids"), ErrorCode::BadValue, "readout-ids");
     if (draft.Has("readout") && field.control == Control::None)
         return Fail(draft.LineOf("readout"), ErrorCode::BadValue, "readout");
-    // The host's count is one value, shown at most; a host value has no place of its own to write.
-    if (draft.Has("on-fill") && (IsHostValue(field.source) ||
-                                 (field.onFill == OnFill::HostCount &&
-                                  (field.colours != Colours::None ||
-                                   (field.control != Control::None && field.control != Control::Number)))))
+    // A host value has no place of its own to write; the host's count is one value, shown at most.
+    const bool countFits = field.colours == Colours::None &&
+                           (field.control == Control::None || field.control == Control::Number);
+    if (draft.Has("on-fill") &&
+        (IsHostValue(field.source) || (field.onFill == OnFill::HostCount && !countFits)))
         return Fail(draft.LineOf("on-fill"), ErrorCode::BadValue, "on-fill");
     if ((draft.Has("step") || draft.Has("unit")) && field.control != Control::Number)
         return Fail(draft.LineOf(draft.Has("step") ? "step" : "unit"), ErrorCode::BadValue, "number");

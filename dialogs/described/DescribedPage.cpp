@@ -13,6 +13,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <optional>
 
@@ -389,8 +390,7 @@ void CDescribedPage::RefreshFromChip() {
         read[static_cast<std::size_t>(source)] = true;
     }
     ShowRecords(records, read);
-    if (CanWrite())
-        WriteOnFillFields();
+    WriteOnFillFields();
     if (m_linkId)
         CheckButton(m_linkId, LinkSwitch() != 0);
     if (m_currentSwitchId) {
@@ -547,60 +547,56 @@ void CDescribedPage::OnHexEdited(ControlSlot& slot) {
     ChangeField(slot.field, values, touched);
 }
 
-void CDescribedPage::WriteDefaults() {
-    if (!CanWrite())
-        return;
-    // Each record that has defaults is read and written once; the page then shows what it wrote.
+bool CDescribedPage::PatchRecords(const std::function<bool(const Field&)>& picks,
+                                  const std::function<int(const Field&, const Bytes&, int)>& valueOf,
+                                  bool onlyWhenChanged) {
+    // Each record holding a picked field is read and written once; the page then shows what it wrote.
     const std::vector<Field>& fields = m_description->fields;
     std::array<Bytes, kSourceCount> records{};
     std::array<bool, kSourceCount> written{};
     for (const Source source : m_description->RecordsInUse()) {
-        if (std::none_of(fields.begin(), fields.end(),
-                         [&](const Field& f) { return f.source == source && f.defaultValue; }))
+        auto picked = [&](const Field& f) { return f.source == source && picks(f); };
+        if (std::none_of(fields.begin(), fields.end(), picked))
             continue;
+        const Bytes read = ReadSource(source);
         Bytes& record = records[static_cast<std::size_t>(source)];
-        record = ReadSource(source);
+        record = read;
         for (const Field& field : fields)
-            if (field.source == source && field.defaultValue)
+            if (picked(field))
                 for (int copy = 0; copy < static_cast<int>(field.positions.size()); ++copy)
-                    WriteValue(field, record, copy, *field.defaultValue);
+                    WriteValue(field, record, copy, valueOf(field, read, copy));
+        if (onlyWhenChanged && record == read)
+            continue;
         WriteSource(source, record);
         written[static_cast<std::size_t>(source)] = true;
     }
     ShowRecords(records, written);
+    return std::find(written.begin(), written.end(), true) != written.end();
+}
+
+void CDescribedPage::WriteDefaults() {
+    if (!CanWrite())
+        return;
+    PatchRecords([](const Field& f) { return f.defaultValue.has_value(); },
+                 [](const Field& f, const Bytes&, int) { return *f.defaultValue; }, false);
     if (m_currentSwitchId)
         UpdateCurrentGroup();
     ReportChange();
 }
 
 void CDescribedPage::WriteOnFillFields() {
-    const std::vector<Field>& fields = m_description->fields;
-    if (!CanWrite() || std::none_of(fields.begin(), fields.end(),
-                                    [](const Field& f) { return f.onFill != OnFill::Nothing; }))
+    if (!CanWrite())
         return;
-    std::array<Bytes, kSourceCount> records{};
-    std::array<bool, kSourceCount> written{};
-    for (const Source source : m_description->RecordsInUse()) {
-        const Bytes read = ReadSource(source);
-        Bytes& record = records[static_cast<std::size_t>(source)];
-        record = read;
-        for (const Field& field : fields) {
-            if (field.source != source || field.onFill == OnFill::Nothing)
-                continue;
-            for (int copy = 0; copy < static_cast<int>(field.positions.size()); ++copy) {
-                // The chip keeps the count's low bits, so only they are taken, whatever the host says.
-                const int value = field.onFill == OnFill::HostCount
-                                      ? static_cast<int>(Chip()->GetCount() & 0xFFFFFFu)
-                                      : ReadValue(field, read, copy);
-                WriteValue(field, record, copy, value);
-            }
-        }
-        written[static_cast<std::size_t>(source)] = record != read;
-        if (written[static_cast<std::size_t>(source)])
-            WriteSource(source, record);
-    }
-    ShowRecords(records, written);
-    if (std::find(written.begin(), written.end(), true) != written.end())
+    const bool written = PatchRecords([](const Field& f) { return f.onFill != OnFill::Nothing; },
+                                      [this](const Field& f, const Bytes& read, int copy) {
+                                          // The chip keeps the count's low bits, so only they are taken,
+                                          // whatever the host says.
+                                          return f.onFill == OnFill::HostCount
+                                                     ? static_cast<int>(Chip()->GetCount() & 0xFFFFFFu)
+                                                     : ReadValue(f, read, copy);
+                                      },
+                                      true);
+    if (written)
         ReportChange();
 }
 

@@ -10,6 +10,7 @@
 #include "dialogs/common/ChipDialog.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -80,6 +81,11 @@ private:
                      const std::array<bool, chipdesc::kColourCount>& touched);
     void OnControlChanged(ControlSlot& slot);
     void OnHexEdited(ControlSlot& slot);
+    // Writes valueOf(field, record as read, colour copy) into every copy of each field `picks` picks,
+    // record by record; true when a record was written.
+    bool PatchRecords(const std::function<bool(const chipdesc::Field&)>& picks,
+                      const std::function<int(const chipdesc::Field&, const Bytes&, int)>& valueOf,
+                      bool onlyWhenChanged);
     void WriteDefaults();
     // The fields the chip wants written whenever the page fills itself (copies made equal again, the
     // host's count): written, shown and reported when that changes the chip.
