@@ -8,6 +8,7 @@ namespace {
 
 constexpr std::size_t kBytesPerLine = 16;
 constexpr std::size_t kNameWidth = 13; // "icnd3065Rows" and a space
+static_assert(kHexLineChars == kNameWidth + kBytesPerLine * 3);
 
 template <std::size_t N> NamedImage Image(const char* name, const std::array<std::uint8_t, N>& bytes) {
     return {name, std::vector<std::uint8_t>(bytes.begin(), bytes.end())};

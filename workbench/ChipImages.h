@@ -35,6 +35,8 @@ struct HexLine {
 // the offset ("    +10 ..."). A byte is marked when it differs from the same byte in before (an
 // image missing from before, or shorter there, counts as changed).
 std::vector<HexLine> FormatImages(const ChipImageSnapshot& now, const ChipImageSnapshot& before);
+// Characters of the longest line: the image's name, then 16 bytes of two digits and a blank.
+inline constexpr std::size_t kHexLineChars = 13 + 16 * 3;
 
 // The marks of a line drawn as carets under it ("      ^^    ^^"), empty when nothing is marked.
 std::string CaretLine(const HexLine& line);

@@ -179,6 +179,17 @@ void MainWindow::CreateControls() {
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(m_uiFont), FALSE);
     for (HWND control : {m_images, m_log})
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(m_monoFont), FALSE);
+    // No byte of a register image may hide behind the edge: the view takes its longest line's width,
+    // its borders, its inner margins and its scroll bar.
+    HDC dc = GetDC(m_images);
+    const HGDIOBJ oldFont = SelectObject(dc, m_monoFont);
+    const std::wstring longest(kHexLineChars, L'0');
+    SIZE text{};
+    GetTextExtentPoint32W(dc, longest.c_str(), static_cast<int>(longest.size()), &text);
+    SelectObject(dc, oldFont);
+    ReleaseDC(m_images, dc);
+    m_imagesWidth = std::max<int>(m_imagesWidth, text.cx + 4 * GetSystemMetrics(SM_CXEDGE) +
+                                                     GetSystemMetrics(SM_CXVSCROLL) + 2 * kMargin);
     EnableWindow(m_rereadButton, FALSE);
 }
 
@@ -210,7 +221,7 @@ void MainWindow::Layout() {
     const int pageHeight = std::max<int>(m_pageSize.cy, 120);
     Place(m_view, left, kMargin, std::min(pageWidth, width - left - kMargin), pageHeight);
     const int below = kMargin + pageHeight + kMargin;
-    const int imagesWidth = 470;
+    const int imagesWidth = m_imagesWidth;
     Place(m_imagesLabel, left, below, imagesWidth, 18);
     Place(m_images, left, below + 20, imagesWidth, height - below - 20 - kMargin);
     const int logLeft = left + imagesWidth + kMargin;

@@ -86,6 +86,7 @@ private:
     HWND m_status = nullptr;
     HFONT m_uiFont = nullptr;
     HFONT m_monoFont = nullptr;
+    int m_imagesWidth = 470; // wide enough for a whole line of bytes in the fixed-pitch font
     HACCEL m_accelerators = nullptr;
     SIZE m_pageSize{0, 0};
     // The description the designer shows, and the version of the file it last drew.
