@@ -981,48 +981,18 @@ int Description::FieldIndex(std::string_view name) const {
     return -1;
 }
 
-std::string ParseError::Reason() const {
-    switch (code) {
-    case ErrorCode::TooLarge:
-        return "the file is larger than 64 KiB";
-    case ErrorCode::NotText:
-        return "the file is not UTF-8 text";
-    case ErrorCode::LineTooLong:
-        return "the line is longer than 1000 characters";
-    case ErrorCode::Syntax:
-        return "expected 'key = value' or a [section] header: '" + detail + "'";
-    case ErrorCode::UnknownSection:
-        return "unknown section [" + detail + "]";
-    case ErrorCode::UnknownKey:
-        return "unknown key '" + detail + "'";
-    case ErrorCode::DuplicateKey:
-        return "'" + detail + "' is given twice";
-    case ErrorCode::MissingKey:
-        return "'" + detail + "' is missing";
-    case ErrorCode::BadValue:
-        return "'" + detail + "' is not a valid value here";
-    case ErrorCode::BadBits:
-        return "'" + detail + "' is not a bit position (byte[msb:lsb] or byte[bit])";
-    case ErrorCode::OutsideRecord:
-        return "byte " + detail + " lies outside its record";
-    case ErrorCode::Overlap:
-        return "its bits overlap those of field '" + detail + "'";
-    case ErrorCode::ItemsDoNotFit:
-        return "the items do not fit the field's " + detail + " bits";
-    case ErrorCode::RangeDoesNotFit:
-        return "'" + detail + "' does not fit the field";
-    case ErrorCode::UnknownStringId:
-        return "unknown string id '" + detail + "'";
-    case ErrorCode::UnknownField:
-        return "no other field is named '" + detail + "'";
-    case ErrorCode::DuplicateName:
-        return "a field named '" + detail + "' exists already";
-    case ErrorCode::DuplicateId:
-        return "control id " + detail + " is used twice";
-    case ErrorCode::NoFields:
-        return "a description needs a [page] section and at least one [field]";
-    }
-    return detail;
+std::string_view ReasonStringId(ErrorCode code) {
+    // In the order of ErrorCode.
+    static constexpr std::array<std::string_view, kErrorCodeCount> kIds{
+        "IDS_DescError_TooLarge",      "IDS_DescError_NotText",         "IDS_DescError_LineTooLong",
+        "IDS_DescError_Syntax",        "IDS_DescError_UnknownSection",  "IDS_DescError_UnknownKey",
+        "IDS_DescError_DuplicateKey",  "IDS_DescError_MissingKey",      "IDS_DescError_BadValue",
+        "IDS_DescError_BadBits",       "IDS_DescError_OutsideRecord",   "IDS_DescError_Overlap",
+        "IDS_DescError_ItemsDoNotFit", "IDS_DescError_RangeDoesNotFit", "IDS_DescError_UnknownStringId",
+        "IDS_DescError_UnknownField",  "IDS_DescError_DuplicateName",   "IDS_DescError_DuplicateId",
+        "IDS_DescError_NoFields",
+    };
+    return kIds[static_cast<std::size_t>(code)];
 }
 
 ParseResult Parse(std::string_view text, const KnownStringId& known) {

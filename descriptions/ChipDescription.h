@@ -200,11 +200,11 @@ struct ParseError {
     int line = 0;
     ErrorCode code = ErrorCode::Syntax;
     std::string detail; // the offending word, key or value
-    // English, for the command line and logs: "unknown key 'colour'".
-    std::string Reason() const;
 };
+// The string id of a reason's text, in which "{detail}" stands for the error's detail.
+std::string_view ReasonStringId(ErrorCode code);
 
-// The language files know a string id; the parser refuses a description that names one they do not.
+// The module knows a string id; the parser refuses a description that names one it does not.
 using KnownStringId = std::function<bool(std::string_view id)>;
 
 inline constexpr std::size_t kMaxDescriptionBytes = 64 * 1024;

@@ -35,7 +35,8 @@ constexpr PageMaker kPageMakers[] = {REGVANE_CHIP_CLASSES(REGVANE_PAGE_MAKER, RE
 #undef REGVANE_NEW_CHIP_MODE_CAPTION_PARENT
 
 // A page class without behaviour of its own opens its description when it has one. A description
-// that cannot be used leaves the raw register editor, and the operator is told once why.
+// that cannot be used leaves the module's own description of the class or else the raw register
+// editor, and the operator is told once why.
 CDialog* DescribedPageOf(const ChipClassInfo& chipClass, IRegvane* chip, const wchar_t* caption, HWND parent,
                          std::optional<DescriptionProblem>& problem) {
     if (chipClass.custom)
@@ -61,13 +62,14 @@ CDialog* CreateChipDialog(int chipType, IRegvane* chip, const wchar_t* caption, 
         return nullptr;
     std::optional<DescriptionProblem> problem;
     CDialog* dialog = DescribedPageOf(*choice.chipClass, chip, caption, parent, problem);
+    const bool described = dialog != nullptr;
     if (!dialog)
         dialog = kPageMakers[choice.classIndex](chip, caption, parent);
     // The host owns the page from here, even one whose window could not be made (CreateRegvaneHwnd
     // frees such a page itself).
     dialog->Create(choice.chipClass->templateId, parent);
     if (problem)
-        DescriptionRegistry::Module().TellOnce(*problem,
-                                               dialog->GetSafeHwnd() ? dialog->GetSafeHwnd() : parent);
+        DescriptionRegistry::Module().TellOnce(*problem, dialog->GetSafeHwnd() ? dialog->GetSafeHwnd() : parent,
+                                               described);
     return dialog;
 }

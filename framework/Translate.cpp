@@ -10,7 +10,9 @@ void CTranslate::SetLangPath(const std::wstring& primaryPath, const std::wstring
 const std::wstring* CTranslate::Lookup(std::wstring_view section, std::wstring_view key) const {
     if (const std::wstring* text = m_primary.Find(section, key))
         return text;
-    return m_fallback.Find(section, key);
+    if (const std::wstring* text = m_fallback.Find(section, key))
+        return text;
+    return m_builtin ? m_builtin->Find(section, key) : nullptr;
 }
 
 std::wstring CTranslate::TranslateString(std::wstring_view id) const {

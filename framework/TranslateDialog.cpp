@@ -11,15 +11,15 @@ void CTranslate::TranslateDialog(HWND dialog, unsigned templateId, const wchar_t
         return;
     const std::wstring name = section ? std::wstring(section) : std::to_wstring(templateId);
     std::set<std::wstring> done;
-    for (const LanguageFile* file : {&m_primary, &m_fallback}) {
-        const auto* entries = file->Section(name);
+    for (const LanguageFile* file : {&m_primary, &m_fallback, m_builtin}) {
+        const auto* entries = file ? file->Section(name) : nullptr;
         if (!entries)
             continue;
         for (const auto& [key, text] : *entries) {
             std::wstring folded = key;
             CharLowerBuffW(folded.data(), static_cast<DWORD>(folded.size()));
             if (!done.insert(folded).second)
-                continue; // the primary file's text wins
+                continue; // the first file's text wins
             if (_wcsicmp(key.c_str(), L"Caption") == 0) {
                 SetWindowTextW(dialog, text.c_str());
                 continue;

@@ -56,8 +56,8 @@ void TellProblem(const DescriptionLookup& lookup, wchar_t* problem, int problemC
     std::wstring text;
     if (lookup.problem) {
         const chipdesc::ParseError& error = lookup.problem->error;
-        const std::string reason = error.Reason();
-        text = lookup.problem->file + L":" + std::to_wstring(error.line) + L": " + Utf8ToWide(reason);
+        text = lookup.problem->file + L":" + std::to_wstring(error.line) + L": " +
+               DescriptionRegistry::ReasonText(error);
     }
     const std::size_t length = std::min(text.size(), static_cast<std::size_t>(problemChars - 1));
     text.copy(problem, length);

@@ -1,5 +1,7 @@
 #include "module/ModuleState.h"
 
+#include "resources/BuiltinEnglish.h"
+
 namespace {
 IRegvaneCallback* g_hostCallback = nullptr;
 }
@@ -14,5 +16,7 @@ void SetHostCallback(IRegvaneCallback* callback) {
 
 CTranslate& Translator() {
     static CTranslate translator;
+    static const bool builtinSet = (translator.SetBuiltin(&BuiltinEnglish()), true);
+    (void)builtinSet;
     return translator;
 }

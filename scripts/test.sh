@@ -34,7 +34,7 @@ run_windows_tests() {
 run_windows_tests || status=1
 /usr/lib/wine/wineserver -k 2>/dev/null || true
 # The soak's figures (pages opened, heap bytes and windows before and after), for every run's log.
-grep -h '^soak' build/windows/Testing/Temporary/LastTest.log 2>/dev/null || true
+grep -hE '^(soak|designer)' build/windows/Testing/Temporary/LastTest.log 2>/dev/null || true
 
 if [[ $status -eq 0 ]]; then echo "regvane: all tests passed"; else echo "regvane: some tests FAILED"; fi
 exit $status

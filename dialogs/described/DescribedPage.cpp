@@ -68,6 +68,7 @@ CDescribedPage::CDescribedPage(std::shared_ptr<const chipdesc::Description> desc
     : CChipDialog(CDescribedPage::kFallbackFrameTemplate, chip, parent,
                   description->page.title == Title::Caption ? caption : nullptr, SnapshotScope::Nothing),
       m_description(std::move(description)), m_currentField(m_description->CurrentField()) {
+    OpenPages().push_back(this);
     m_pageSettings.reference.fill(kReferenceDefault);
     for (const Source source : m_description->page.changeTest) {
         const auto index = static_cast<std::size_t>(source);
@@ -78,7 +79,9 @@ CDescribedPage::CDescribedPage(std::shared_ptr<const chipdesc::Description> desc
     }
 }
 
-CDescribedPage::~CDescribedPage() = default;
+CDescribedPage::~CDescribedPage() {
+    std::erase(OpenPages(), this);
+}
 
 BOOL CDescribedPage::Create(UINT templateId, HWND parent) {
     return CreateFrame(templateId, parent) || CreateFrame(kFallbackFrameTemplate, parent);
@@ -166,6 +169,18 @@ int& CDescribedPage::LinkSwitch() const {
     return Settings().linked;
 }
 
+std::vector<CDescribedPage*>& CDescribedPage::OpenPages() {
+    static std::vector<CDescribedPage*> pages;
+    return pages;
+}
+
+void CDescribedPage::ShowSwitchesOnPagesSharingThem() {
+    // Another page of the class open beside this one shows what its sliders and read-outs now do.
+    for (CDescribedPage* other : OpenPages())
+        if (other != this && &other->Settings() == &Settings())
+            other->ShowSwitches();
+}
+
 BOOL CDescribedPage::OnInitDialog() {
     const BOOL result = CChipDialog::OnInitDialog();
     WriteOnFillFields();
@@ -192,22 +207,24 @@ void CDescribedPage::OnInitControls() {
 }
 
 // The layout of a description in the language and the font in use. Measuring every text is most of
-// what laying out costs, so each description keeps its latest plan, which every page of the class
-// reuses until the language or the font changes.
+// what laying out costs, so each page class keeps the plan of its latest description, which every
+// page of the class reuses until the description, the language or the font changes. The plan does
+// not keep its description alive: a designer reloading a file, or a file changed in the host's
+// folder, leaves one plan per class, never one per version.
 const LayoutPlan& CDescribedPage::Plan(HFONT font) const {
     struct Cached {
-        std::shared_ptr<const chipdesc::Description> description; // keeps the key's address in use
+        std::weak_ptr<const chipdesc::Description> description;
         std::wstring language;
         int baseX = 0, baseY = 0;
         LayoutPlan plan;
     };
-    static std::map<const chipdesc::Description*, Cached> plans;
+    static std::map<std::string, Cached, std::less<>> plans;
     RECT units{0, 0, 4, 8};
     ::MapDialogRect(m_hWnd, &units);
     std::wstring language = Translator().PrimaryPath() + L"|" + Translator().FallbackPath();
-    Cached& cached = plans[m_description.get()];
-    if (cached.description && cached.language == language && cached.baseX == units.right &&
-        cached.baseY == units.bottom)
+    Cached& cached = plans[m_description->page.className];
+    if (cached.description.lock() == m_description && cached.language == language &&
+        cached.baseX == units.right && cached.baseY == units.bottom)
         return cached.plan;
     HDC dc = ::GetDC(m_hWnd);
     const HGDIOBJ oldFont = ::SelectObject(dc, font);
@@ -391,6 +408,12 @@ void CDescribedPage::RefreshFromChip() {
     }
     ShowRecords(records, read);
     WriteOnFillFields();
+    ShowSwitches();
+}
+
+void CDescribedPage::ShowSwitches() {
+    if (!GetSafeHwnd())
+        return;
     if (m_linkId)
         CheckButton(m_linkId, LinkSwitch() != 0);
     if (m_currentSwitchId) {
@@ -436,7 +459,6 @@ void CDescribedPage::UpdateCurrentGroup() {
 
 void CDescribedPage::ShowRecords(const std::array<Bytes, kSourceCount>& records,
                                  const std::array<bool, kSourceCount>& read) {
-    const std::vector<Field>& fields = m_description->fields;
     auto wasRead = [&](const Field& field) { return read[static_cast<std::size_t>(field.source)]; };
     for (ControlSlot& slot : m_slots) {
         const Field& field = FieldOf(slot);
@@ -446,12 +468,21 @@ void CDescribedPage::ShowRecords(const std::array<Bytes, kSourceCount>& records,
         ShowValue(slot, value);
         UpdateReadout(slot, value);
     }
+    ShowFieldsTheyAllow(records, read);
+}
+
+void CDescribedPage::ShowFieldsTheyAllow(const std::array<Bytes, kSourceCount>& records,
+                                         const std::array<bool, kSourceCount>& read) {
+    const std::vector<Field>& fields = m_description->fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const int condition = fields[i].showIf;
-        if (condition < 0 || !wasRead(fields[static_cast<std::size_t>(condition)]))
+        if (condition < 0)
             continue;
         const Field& state = fields[static_cast<std::size_t>(condition)];
-        const bool shown = ReadValue(state, records[static_cast<std::size_t>(state.source)], 0) != 0;
+        const auto source = static_cast<std::size_t>(state.source);
+        if (!read[source])
+            continue;
+        const bool shown = ReadValue(state, records[source], 0) != 0;
         for (HWND window : m_fieldWindows[i])
             ::ShowWindow(window, shown ? SW_SHOW : SW_HIDE);
     }
@@ -496,6 +527,12 @@ void CDescribedPage::ChangeField(int fieldIndex, const std::array<int, kColourCo
         for (const ControlSlot& slot : m_slots)
             if (slot.field == fieldIndex)
                 UpdateReadout(slot, ControlValue(slot));
+        // A field the operator just set may be what shows or hides others.
+        std::array<Bytes, kSourceCount> records{};
+        std::array<bool, kSourceCount> read{};
+        records[static_cast<std::size_t>(field.source)] = record;
+        read[static_cast<std::size_t>(field.source)] = true;
+        ShowFieldsTheyAllow(records, read);
     }
     if (fieldIndex == m_currentField && Settings().showCurrent)
         for (int colour = 0; colour < kColourCount; ++colour)
@@ -641,6 +678,7 @@ void CDescribedPage::OnNumberEditChanged(UINT id, HWND edit) {
         Settings().reference[static_cast<std::size_t>(colour)] = current.reference->GetValueInt();
         if (Settings().showCurrent)
             UpdateCurrent(colour);
+        ShowSwitchesOnPagesSharingThem();
         return;
     }
     if (ControlSlot* slot = SlotWithId(id); slot && FieldOf(*slot).control == Control::Number)
@@ -650,11 +688,13 @@ void CDescribedPage::OnNumberEditChanged(UINT id, HWND edit) {
 bool CDescribedPage::OnCommand(UINT code, UINT id, HWND control) {
     if (code == BN_CLICKED && m_linkId && id == static_cast<UINT>(m_linkId)) {
         LinkSwitch() = IsButtonChecked(m_linkId) ? 1 : 0;
+        ShowSwitchesOnPagesSharingThem();
         return true;
     }
     if (code == BN_CLICKED && m_currentSwitchId && id == static_cast<UINT>(m_currentSwitchId)) {
         Settings().showCurrent = IsButtonChecked(m_currentSwitchId) ? 1 : 0;
         UpdateCurrentGroup();
+        ShowSwitchesOnPagesSharingThem();
         return true;
     }
     const int defaultId = m_description->page.defaultId ? m_description->page.defaultId : kDefaultButtonId;

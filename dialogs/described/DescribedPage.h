@@ -75,6 +75,9 @@ private:
     // Shows the fields of the records marked read.
     void ShowRecords(const std::array<Bytes, chipdesc::kSourceCount>& records,
                      const std::array<bool, chipdesc::kSourceCount>& read);
+    // Shows or hides the fields whose show-if field lies in a record marked read.
+    void ShowFieldsTheyAllow(const std::array<Bytes, chipdesc::kSourceCount>& records,
+                             const std::array<bool, chipdesc::kSourceCount>& read);
 
     // The cycle of one change: values[colour] go into the colours the change touches.
     void ChangeField(int field, const std::array<int, chipdesc::kColourCount>& values,
@@ -104,6 +107,10 @@ private:
     };
     ClassSettings& Settings() const;
     int& LinkSwitch() const;
+    // The switches and references as the settings hold them.
+    void ShowSwitches();
+    void ShowSwitchesOnPagesSharingThem();
+    static std::vector<CDescribedPage*>& OpenPages();
 
     std::shared_ptr<const chipdesc::Description> m_description;
     std::vector<ControlSlot> m_slots;

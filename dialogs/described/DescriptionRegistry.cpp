@@ -5,6 +5,7 @@
 #include "framework/UIEx.h"
 #include "module/LanguageSelection.h"
 #include "module/ModuleState.h"
+#include "resources/BuiltinEnglish.h"
 
 #include <array>
 
@@ -13,26 +14,11 @@ namespace {
 constexpr wchar_t kResourceType[] = L"CHIPDESC";
 constexpr wchar_t kExtension[] = L".desc";
 
-// The string id of each reason, in the order of chipdesc::ErrorCode.
-constexpr std::array<const wchar_t*, chipdesc::kErrorCodeCount> kReasonIds{
-    L"IDS_DescError_TooLarge",      L"IDS_DescError_NotText",         L"IDS_DescError_LineTooLong",
-    L"IDS_DescError_Syntax",        L"IDS_DescError_UnknownSection",  L"IDS_DescError_UnknownKey",
-    L"IDS_DescError_DuplicateKey",  L"IDS_DescError_MissingKey",      L"IDS_DescError_BadValue",
-    L"IDS_DescError_BadBits",       L"IDS_DescError_OutsideRecord",   L"IDS_DescError_Overlap",
-    L"IDS_DescError_ItemsDoNotFit", L"IDS_DescError_RangeDoesNotFit", L"IDS_DescError_UnknownStringId",
-    L"IDS_DescError_UnknownField",  L"IDS_DescError_DuplicateName",   L"IDS_DescError_DuplicateId",
-    L"IDS_DescError_NoFields",
-};
-
 std::wstring Replace(std::wstring text, std::wstring_view placeholder, std::wstring_view value) {
     for (std::size_t at = text.find(placeholder); at != std::wstring::npos;
          at = text.find(placeholder, at + value.size()))
         text.replace(at, placeholder.size(), value);
     return text;
-}
-
-bool KnownStringId(std::string_view id) {
-    return Translator().Lookup(CTranslate::kStringSection, Utf8ToWide(id)) != nullptr;
 }
 
 // At most one byte more than a description may have, so that the parser can say it is too large.
@@ -68,7 +54,9 @@ std::wstring DescriptionRegistry::Folder() {
 DescriptionLookup DescriptionRegistry::ParseText(std::string_view text, const std::wstring& file,
                                                  std::string_view className) {
     ++m_parses;
-    chipdesc::ParseResult result = chipdesc::Parse(text, KnownStringId);
+    // Checked against the module's own texts, not the host's files: whether a description can be
+    // used never depends on the language the host has chosen, or on how old its files are.
+    chipdesc::ParseResult result = chipdesc::Parse(text, IsModuleStringId);
     if (auto* error = std::get_if<chipdesc::ParseError>(&result))
         return {nullptr, DescriptionProblem{file, *error}};
     auto description =
@@ -113,6 +101,8 @@ DescriptionLookup DescriptionRegistry::Find(std::string_view className) {
     std::string text;
     DescriptionLookup lookup =
         ReadDescriptionFile(path, text) ? ParseText(text, path, className) : Builtin(className);
+    if (!lookup.description) // a broken replacement of our own description leaves ours, and says why
+        lookup.description = Builtin(className).description;
     m_files[path] = CachedFile{version, lookup};
     return lookup;
 }
@@ -124,22 +114,25 @@ DescriptionLookup DescriptionRegistry::Load(const std::wstring& path) {
     return ParseText(text, path, {});
 }
 
-std::wstring DescriptionRegistry::ProblemText(const DescriptionProblem& problem) {
+std::wstring DescriptionRegistry::ReasonText(const chipdesc::ParseError& error) {
+    return Replace(Tr(Utf8ToWide(chipdesc::ReasonStringId(error.code))), L"{detail}", Utf8ToWide(error.detail));
+}
+
+std::wstring DescriptionRegistry::ProblemText(const DescriptionProblem& problem, bool opensDescribed) {
     const chipdesc::ParseError& error = problem.error;
-    const std::wstring reason =
-        Replace(Tr(kReasonIds[static_cast<std::size_t>(error.code)]), L"{detail}", Utf8ToWide(error.detail));
-    std::wstring text = Tr(L"IDS_Description_Problem");
+    const std::wstring reason = ReasonText(error);
+    std::wstring text = Tr(opensDescribed ? L"IDS_Description_ProblemShipped" : L"IDS_Description_Problem");
     text = Replace(std::move(text), L"{file}", FileName(problem.file));
     text = Replace(std::move(text), L"{line}", std::to_wstring(error.line));
     return Replace(std::move(text), L"{reason}", reason);
 }
 
-void DescriptionRegistry::TellOnce(const DescriptionProblem& problem, HWND owner) {
+void DescriptionRegistry::TellOnce(const DescriptionProblem& problem, HWND owner, bool opensDescribed) {
     // The same fault in the same file is told once; a file changed into another fault is told again.
     std::wstring key = problem.file + L"|" + std::to_wstring(problem.error.line) + L"|" +
                        std::to_wstring(static_cast<int>(problem.error.code)) + L"|" +
                        Utf8ToWide(problem.error.detail);
     if (!m_told.insert(std::move(key)).second)
         return;
-    MsgBox(owner, ProblemText(problem), ApplicationName(), MB_OK | MB_ICONWARNING);
+    MsgBox(owner, ProblemText(problem, opensDescribed), ApplicationName(), MB_OK | MB_ICONWARNING);
 }

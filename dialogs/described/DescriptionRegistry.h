@@ -4,7 +4,9 @@
 //
 // Each file is parsed once for as long as it stays the same (its time and size): opening a page
 // again costs one look at the folder, not a parse. A description that cannot be used is reported to
-// the operator once, and its page stays the raw register editor.
+// the operator once; a page the module has a description of opens with that one, any other stays the
+// raw register editor. Whether a description can be used does not depend on the host's language
+// files: its string ids are checked against the module's own English.
 #pragma once
 
 #include "descriptions/ChipDescription.h"
@@ -24,7 +26,8 @@ struct DescriptionProblem {
 };
 
 struct DescriptionLookup {
-    std::shared_ptr<const chipdesc::Description> description; // null: none, or not usable
+    // Null: none, or not usable. With a problem, the module's own description of the class, if any.
+    std::shared_ptr<const chipdesc::Description> description;
     std::optional<DescriptionProblem> problem;
 };
 
@@ -39,10 +42,12 @@ public:
 
     // "...\Language\Hw\Regvane\Chips\", beside the language files of the host's executable.
     static std::wstring Folder();
-    // The operator's message for a problem: which file and line, and why (translated).
-    static std::wstring ProblemText(const DescriptionProblem& problem);
+    // Why a description cannot be used, translated: "unknown key "colour"".
+    static std::wstring ReasonText(const chipdesc::ParseError& error);
+    // The operator's message for a problem: which file and line, why, and what the page shows instead.
+    static std::wstring ProblemText(const DescriptionProblem& problem, bool opensDescribed);
     // Shows the problem once per file version; later calls for the same version do nothing.
-    void TellOnce(const DescriptionProblem& problem, HWND owner);
+    void TellOnce(const DescriptionProblem& problem, HWND owner, bool opensDescribed);
 
     // How many times a description was parsed since the module loaded.
     int ParseCount() const { return m_parses; }

@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     auto* description = std::get_if<chipdesc::Description>(&result);
     if (!description) {
         const auto& error = std::get<chipdesc::ParseError>(result);
-        if (error.line < 0 || error.Reason().empty())
+        if (error.line < 0 || chipdesc::ReasonStringId(error.code).empty())
             __builtin_trap();
         return 0;
     }

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -14,7 +16,8 @@ public:
     TempFolder() {
         const ::testing::TestInfo* test = ::testing::UnitTest::GetInstance()->current_test_info();
         m_path = std::filesystem::temp_directory_path() /
-                 (std::string("regvane_") + test->test_suite_name() + "_" + test->name());
+                 (std::string("regvane_") + test->test_suite_name() + "_" + test->name() + "_" +
+                  std::to_string(::getpid())); // two checkouts may run the same test at once
         std::filesystem::remove_all(m_path);
         std::filesystem::create_directories(m_path);
     }

@@ -6,6 +6,7 @@
 #include "descriptions/DescriptionLayout.h"
 #include "framework/LanguageFile.h"
 #include "framework/TextEncoding.h"
+#include "resources/BuiltinEnglish.h"
 
 #include <gtest/gtest.h>
 
@@ -107,8 +108,8 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
     };
     for (const auto& bad : cases) {
         const ParseError error = ErrorOf(bad.text);
-        EXPECT_EQ(error.line, bad.line) << error.Reason() << "\n" << bad.text;
-        EXPECT_EQ(error.code, bad.code) << error.Reason() << "\n" << bad.text;
+        EXPECT_EQ(error.line, bad.line) << ReasonStringId(error.code) << " " << error.detail << "\n" << bad.text;
+        EXPECT_EQ(error.code, bad.code) << ReasonStringId(error.code) << " " << error.detail << "\n" << bad.text;
     }
 }
 
@@ -119,7 +120,7 @@ Field FieldOf(const std::string& bits, const std::string& coding) {
         "\ncoding = " + coding + "\n";
     ParseResult result = Parse(text, AnyId);
     if (auto* error = std::get_if<ParseError>(&result)) {
-        ADD_FAILURE() << bits << " " << coding << ": " << error->Reason();
+        ADD_FAILURE() << bits << " " << coding << ": " << ReasonStringId(error->code) << " " << error->detail;
         return {};
     }
     return std::get<Description>(result).fields[0];
@@ -178,18 +179,11 @@ std::string ReadSourceFile(const std::string& relative) {
     return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
-// The English language file knows every string id a shipped description names.
-KnownStringId EnglishStringIds() {
-    auto english = std::make_shared<LanguageFile>();
-    english->Parse(DecodeText(ReadSourceFile("resources/lang/Multi_eng.ini")));
-    return [english](std::string_view id) { return english->Find(L"String", Utf8ToWide(id)) != nullptr; };
-}
-
 Description Shipped(const std::string& className) {
     ParseResult result =
-        Parse(ReadSourceFile("descriptions/chips/" + className + ".desc"), EnglishStringIds());
+        Parse(ReadSourceFile("descriptions/chips/" + className + ".desc"), IsModuleStringId);
     if (auto* error = std::get_if<ParseError>(&result)) {
-        ADD_FAILURE() << className << " line " << error->line << ": " << error->Reason();
+        ADD_FAILURE() << className << " line " << error->line << ": " << ReasonStringId(error->code) << " " << error->detail;
         return {};
     }
     return std::get<Description>(result);
@@ -211,8 +205,8 @@ TEST(ChipDescription, EveryShippedDescriptionIsValidNamedForItsClassAndTranslate
     }
     EXPECT_GE(count, 3);
     // The documentation's worked example is a valid description too.
-    ParseResult example = Parse(ReadSourceFile("docs/examples/CRegvaneExampleChip.desc"), EnglishStringIds());
-    EXPECT_TRUE(std::holds_alternative<Description>(example)) << std::get<ParseError>(example).Reason();
+    ParseResult example = Parse(ReadSourceFile("docs/examples/CRegvaneExampleChip.desc"), IsModuleStringId);
+    EXPECT_TRUE(std::holds_alternative<Description>(example)) << std::get<ParseError>(example).detail;
 }
 
 // The bits of the register block a description's fields take, in every colour copy.

@@ -68,8 +68,10 @@ control = hex
 ids = 113
 
 [field revision]
+label = "Revision B"
 bits = 14[0]
-control = none
+control = check
+ids = 115
 
 [field extra]
 label = "Extra"
@@ -79,7 +81,8 @@ show-if = revision
 ids = 114
 )";
 
-constexpr int kBlanking = 107, kRefresh = 111, kFrameRate = 112, kTrim = 113, kExtra = 114;
+constexpr int kLink = 100, kBlanking = 107, kRefresh = 111, kFrameRate = 112, kTrim = 113, kExtra = 114;
+constexpr int kRevision = 115;
 constexpr int kGain[] = {101, 102, 103};
 constexpr int kGainText[] = {104, 105, 106};
 constexpr int kDelay[] = {108, 109, 110};
@@ -176,6 +179,22 @@ TEST_F(DescribedPage, EveryControlWritesItsFieldInItsColoursAndTheChangeTestCove
     chip.regData[14] = 0x01; // a chip revision with the extra setting
     SendMessageW(page, 0x0903, 0, 0);
     EXPECT_TRUE(Shown(page, kExtra));
+    Click(page, kRevision); // the operator's own choice shows or hides it at once
+    EXPECT_EQ(chip.regData[14], 0x00);
+    EXPECT_FALSE(Shown(page, kExtra));
+}
+
+TEST_F(DescribedPage, TwoPagesOfOneClassShareTheLinkSwitchAndShowIt) {
+    Open();
+    HWND first = page;
+    Open();
+    Click(first, kLink);
+    EXPECT_TRUE(Checked(page, kLink));
+    MoveSlider(page, kGain[0], 40);
+    for (const int byte : {3, 5, 7})
+        EXPECT_EQ(chip.regData[byte] & 0x3F, 40) << byte;
+    Click(page, kLink);
+    EXPECT_FALSE(Checked(first, kLink));
 }
 
 TEST_F(DescribedPage, DefaultWritesTheDescribedValuesAndCancelPutsBackWhatThePageSaw) {
@@ -212,14 +231,14 @@ TEST_F(DescribedPage, OkWithNothingChangedOnlyTellsTheHostItsState) {
 
 TEST_F(DescribedPage, AFileThatCannotBeUsedGivesNoPageAndSaysWhere) {
     std::string broken = kTestPage;
-    broken.replace(broken.find("bits = 14[1]"), 12, "bits = 15[7]"); // line 64: the refresh mode's bit
+    broken.replace(broken.find("bits = 14[1]"), 12, "bits = 15[7]"); // line 66: the refresh mode's bit
     DeleteFileW(path.c_str());
     path = WriteDescription(broken.c_str());
     // What RegvaneCheckDescription says is held by the workbench designer's tests, which call it.
     wchar_t problem[512] = {};
     EXPECT_EQ(lib.RegvaneCreateDescribedPage(path.c_str(), &chip, L"", host.View(), problem, 512), nullptr);
     const std::wstring text = problem;
-    EXPECT_NE(text.find(L"CRegvaneDescribedTest.desc:64: "), std::wstring::npos)
+    EXPECT_NE(text.find(L"CRegvaneDescribedTest.desc:66: "), std::wstring::npos)
         << std::string(text.begin(), text.end());
     EXPECT_TRUE(chip.CallNames(false).empty());
 }

@@ -19,6 +19,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <functional>
 #include <memory>
 
@@ -203,6 +204,45 @@ TEST_F(PageSoak, EveryPageGivesBackItsHeapMemoryAndWindows) {
     EXPECT_GE(figures.languageSwitches, kLanguageCount) << "every language came up at least once";
     EXPECT_TRUE(figures.HeapCameBack()) << figures.HeapGrowth() << " bytes more in use on the heaps";
     EXPECT_EQ(figures.WindowGrowth(), 0) << "windows more";
+}
+
+// The workbench's designer draws a description again each time its file changes: a chip engineer
+// may save it hundreds of times in a session. Each drawing parses a new description, and nothing of
+// the versions before may stay behind.
+TEST_F(PageSoak, TheDesignerDrawingADescriptionAgainAndAgainKeepsNothing) {
+    wchar_t folder[MAX_PATH];
+    GetTempPathW(MAX_PATH, folder);
+    const std::wstring path = std::wstring(folder) + L"CRegvaneSoakDesign.desc";
+    auto drawAgain = [&](int version) {
+        // Made up for the test: two versions of a small page, as an engineer moves a field.
+        std::ofstream(path.c_str(), std::ios::binary)
+            << "[page]\nclass = CRegvaneSoakDesign\nlink = IDS_LinkGains\nbuttons = default ok-cancel\n"
+               "[field gain]\nlabel = IDS_CurrentGain\nbits = 3[5:0]\ncolours = linked\ncontrol = slider\n"
+               "readout = gain-percent\ndefault = "
+            << 20 + version % 2 << "\n[field mode]\nlabel = \"Mode\"\nbits = " << 14 + version % 2
+            << "[0]\ncontrol = combo\nitems = IDS_FM6126EX_NormalMode IDS_FM6126EX_EnhancedMode\n";
+        SimulatedChip chip(7, 0);
+        HWND page = RegvaneLibrary::Get().RegvaneCreateDescribedPage(path.c_str(), &chip, L"", host->View(),
+                                                                     nullptr, 0);
+        ASSERT_NE(page, nullptr);
+        ShowWindow(page, SW_SHOW);
+        UpdateWindow(page);
+        PumpMessages();
+        DestroyWindow(page);
+        PumpMessages();
+    };
+    for (int version = 0; version < 4; ++version)
+        drawAgain(version);
+    const ProcessFootprint before = Settle();
+    constexpr int kDrawings = 200;
+    for (int version = 0; version < kDrawings && !HasFatalFailure(); ++version)
+        drawAgain(version);
+    const ProcessFootprint after = Settle();
+    DeleteFileW(path.c_str());
+    std::printf("designer: %d drawings; heap in use %zu -> %zu bytes; windows %d -> %d\n", kDrawings,
+                before.heapBytes, after.heapBytes, before.windows, after.windows);
+    EXPECT_LE(std::ptrdiff_t(after.heapBytes) - std::ptrdiff_t(before.heapBytes), kHeapSlackBytes);
+    EXPECT_EQ(after.windows, before.windows);
 }
 
 // The planted leaks are given back after the measurement, so the tests do not depend on each other.
