@@ -50,7 +50,7 @@ TEST_F(WorkbenchDesignerWindow, DrawsTheDescriptionAgainWhenItChangesOnTheSameCh
     WriteFileBytes(file, Description(5, 501) + "colour = red\n");
     WaitForRedraw();
     const std::wstring last = LogLines(main).back();
-    EXPECT_NE(last.find(L"CRegvane_SUM2018.desc:9: unknown key 'colour'"), std::wstring::npos)
+    EXPECT_NE(last.find(L"CRegvane_SUM2018.desc:9: unknown key \"colour\""), std::wstring::npos)
         << std::string(last.begin(), last.end());
     EXPECT_EQ(window->Session().Page(), page);
     EXPECT_TRUE(IsWindow(page));
