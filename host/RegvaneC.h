@@ -324,11 +324,16 @@ typedef struct CDialog CDialog;
 typedef struct CWnd CWnd;
 
 // The exports of regvane.dll, by plain name (import library or GetProcAddress).
+// Every function runs on the host's user-interface thread, the one that calls InitRegvane: a call
+// from another thread does nothing and returns null (a debug build of the module stops on it). No
+// exception leaves a function; a failure inside gives null or does nothing.
+//
 // Hands the module the host's callback; the module keeps it and never releases it.
 void InitRegvane(IRegvaneCallback* callback);
 // Re-reads the host's language and loads the matching language files.
 void RegvaneLanguageChanged(void);
-// The settings page of one chip type as a modeless child of parent; null for unknown types.
+// The settings page of one chip type as a modeless child of parent; null for unknown types and
+// for a parent that is not a window.
 CDialog* CreateRegvaneWnd(int chipType, IRegvane* chip, const wchar_t* caption, CWnd* parent);
 // The same page as a plain window handle: the page frees itself when its window is destroyed.
 HWND CreateRegvaneHwnd(int chipType, IRegvane* chip, const wchar_t* caption, HWND parent);

@@ -9,7 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -52,6 +54,28 @@ TEST_F(Factory, NumbersAndSubTypesChooseThePageOrNoneAskingOncePerRowTried) {
         }
         DestroyWindow(page);
     }
+}
+
+// The host's rules for calling the module, and what a call that breaks them gets: nothing, rather
+// than half a page or an exception in a host that may not be written in C++.
+TEST_F(Factory, ACallFromAnotherThreadForADeadParentOrFromAFailingHostGetsNoPage) {
+    SimulatedChip chip(47, 0);
+    HWND fromOtherThread = host.View();
+    std::thread([&] { fromOtherThread = lib.CreateRegvaneHwnd(47, &chip, L"", host.View()); }).join();
+    EXPECT_EQ(fromOtherThread, nullptr);
+    EXPECT_TRUE(chip.CallNames().empty());
+
+    HWND gone = CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 1, 1, host.View(), nullptr, nullptr, nullptr);
+    DestroyWindow(gone);
+    EXPECT_EQ(lib.CreateRegvaneHwnd(47, &chip, L"", gone), nullptr);
+    EXPECT_TRUE(chip.CallNames().empty());
+
+    struct FailingHost : SimulatedChip {
+        using SimulatedChip::SimulatedChip;
+        std::uint16_t REGVANE_CALL GetChipSubType() override { throw std::runtime_error("host failed"); }
+    } failing(11, 0);
+    EXPECT_EQ(lib.CreateRegvaneHwnd(11, &failing, L"", host.View()), nullptr);
+    EXPECT_NE(lib.CreateRegvaneHwnd(47, &chip, L"", host.View()), nullptr) << "the module still works";
 }
 
 // Every other page is held as the host's object (CreateRegvaneWnd), so each constructor form comes
