@@ -17,10 +17,12 @@
 //                                                                            created in mode 1
 //   Kind: GENERIC rows are raw register pages made here from the table (a class of that exact name
 //   deriving from CchipRegModify, and a raw-editor template under the row's number); a description
-//   of the class (descriptions/chips/<class>.desc, or one in the host's run-time folder) turns such
-//   a page into a real one laid out on that template's frame, and the row stays GENERIC. CUSTOM
-//   rows have behaviour of their own: the class is declared in its own header, included from
-//   dialogs/chips/AllChipDialogs.h, and its .rc file owns the template.
+//   in the host's run-time folder may still turn such a page into a described one. DESCRIBED rows
+//   are made the same way, and the module ships a description of the class
+//   (descriptions/chips/<class>.desc), which lays the page out on that template's frame. TABLE rows
+//   are the register parameter-table pages (dialogs/chips/ParamTablePageList.h) and CUSTOM rows the
+//   other pages with behaviour of their own: for both, the class is declared in its own header,
+//   included from dialogs/chips/AllChipDialogs.h, and its .rc file owns the template.
 //
 // REGVANE_CHIP_TYPES(TYPE): chip types whose page follows from the number alone:
 //   (first number, last number, class). The host numbers a second block of chips from 65536 on.
@@ -93,7 +95,7 @@
     CLASS(  CRegvaneDP3263,         "DP3263",            20084, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneD8027,          "D8027",             20083, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneCFD555A,        "CFD555A",           20078, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneFM6128,         "FM6128",            20080, CHIP_CAPTION_PARENT,      GENERIC) \
+    CLASS(  CRegvaneFM6128,         "FM6128",            20080, CHIP_CAPTION_PARENT,      DESCRIBED) \
     CLASS(  CRegvaneGW6808,         "GW6808",            20082, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneGS8208,         "GS8208",            20087, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMBI6328,        "MBI6328",           20415, CHIP_CAPTION_PARENT,      GENERIC) \
@@ -120,11 +122,11 @@
     CLASS(  CRegvaneSM16237,        "SM16237",           20300, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_MY9866,        "MY9866",            20401, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_SUM2017TD,     "SUM2017TD",         20402, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneFM6126,         "FM6126",            20404, CHIP_CAPTION_PARENT,      GENERIC) \
+    CLASS(  CRegvaneFM6126,         "FM6126",            20404, CHIP_CAPTION_PARENT,      DESCRIBED) \
     CLASS(  CRegvaneSM16188,        "SM16188",           20010, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvan_FM6648,         "FM6648",            20013, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_SM16218N,      "SM16218N",          20024, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneFM6127,         "FM6127",            20039, CHIP_CAPTION_PARENT,      GENERIC) \
+    CLASS(  CRegvaneFM6127,         "FM6127",            20039, CHIP_CAPTION_PARENT,      DESCRIBED) \
     CLASS(  CRegvane_SM16389,       "SM16389",           20065, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_D2618,         "D2618",             20066, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_MY9758,        "MY9758",            20068, CHIP_CAPTION_PARENT,      GENERIC) \
@@ -162,7 +164,7 @@
     CLASS(  CRegvane_SM16380,       "SM16380",           20077, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneRT5965,         "RT5965",            20089, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneRT5967,         "RT5967",            20420, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvane_FM6129,        "FM6129",            20418, CHIP_CAPTION_PARENT,      GENERIC) \
+    CLASS(  CRegvane_FM6129,        "FM6129",            20418, CHIP_CAPTION_PARENT,      DESCRIBED) \
     CLASS(  CRegvaneCFD455A,        "CFD455A",           20092, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneAXS6018,        "AXS6018",           20095, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneSM16803,        "SM16803",           20094, CHIP_CAPTION_PARENT,      GENERIC) \
@@ -269,10 +271,10 @@
     CLASS(  CChipRegModifyICN2053,  "ICN2053 registers",  8225, CHIP_PARENT,              GENERIC) \
     CLASS(  CRegvaneICN2038SEX,     "ICN2038SEX",         8901, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_SUM2117Ex,     "SUM2117Ex",         20110, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneICN2055,        "ICN2055",           20000, CHIP_CAPTION_PARENT,      CUSTOM) \
-    CLASS(  CRegvaneICN2055EX,      "ICN2055EX",         20001, CHIP_CAPTION_PARENT,      CUSTOM) \
+    CLASS(  CRegvaneICN2055,        "ICN2055",           20000, CHIP_CAPTION_PARENT,      TABLE) \
+    CLASS(  CRegvaneICN2055EX,      "ICN2055EX",         20001, CHIP_CAPTION_PARENT,      TABLE) \
     CLASS(  CRegvane_SUM2017TDEx,   "SUM2017TDEx",       20403, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneFM6126EX,       "FM6126EX",          20405, CHIP_CAPTION_PARENT,      GENERIC) \
+    CLASS(  CRegvaneFM6126EX,       "FM6126EX",          20405, CHIP_CAPTION_PARENT,      DESCRIBED) \
     CLASS(  CRegvaneLS9929EX,       "LS9929EX",          20002, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneHighMode,       "High mode",         20408, CHIP_MODE_CAPTION_PARENT, GENERIC) \
     CLASS(  CRegvaneMy9748Ex,       "MY9748Ex",          20004, CHIP_CAPTION_PARENT,      GENERIC) \
@@ -281,7 +283,7 @@
     CLASS(  CRegvaneMBI5759EX,      "MBI5759EX",         20012, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMBI5254Ex,      "MBI5254Ex",         20016, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMBI5354Ex,      "MBI5354Ex",         20038, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneFM6127EX,       "FM6127EX",          20040, CHIP_CAPTION_PARENT,      GENERIC) \
+    CLASS(  CRegvaneFM6127EX,       "FM6127EX",          20040, CHIP_CAPTION_PARENT,      DESCRIBED) \
     CLASS(  CRegvaneMBI5754Ex,      "MBI5754Ex",         20043, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneCNS7253EX,      "CNS7253EX",         20045, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneLYD231111ES3EX, "LYD231111ES3EX",    20047, CHIP_CAPTION_PARENT,      GENERIC) \
@@ -297,14 +299,14 @@
     CLASS(  CRegvane_C8135EX,       "C8135EX",           20434, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneFM6356BEX,      "FM6356BEX",         20075, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneCFD555AEx,      "CFD555AEx",         20079, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneFM6128Ex,       "FM6128Ex",          20081, CHIP_CAPTION_PARENT,      GENERIC) \
+    CLASS(  CRegvaneFM6128Ex,       "FM6128Ex",          20081, CHIP_CAPTION_PARENT,      DESCRIBED) \
     CLASS(  CRegvaneDP3263EX,       "DP3263EX",          20085, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneRT5965Ex,       "RT5965Ex",          20090, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneAXS6018Ex,      "AXS6018Ex",         20096, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneCFD455AEx,      "CFD455AEx",         20093, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMBI6328EX,      "MBI6328EX",         20416, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneRT5967Ex,       "RT5967Ex",          20419, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneFM6129Ex,       "FM6129Ex",          20417, CHIP_CAPTION_PARENT,      GENERIC) \
+    CLASS(  CRegvaneFM6129Ex,       "FM6129Ex",          20417, CHIP_CAPTION_PARENT,      DESCRIBED) \
     CLASS(  CRegvaneWDL3600AEx,     "WDL3600AEx",        20101, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_SM16509Ex,     "SM16509Ex",         20106, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMBI5850BEX,     "MBI5850BEX",        20109, CHIP_CAPTION_PARENT,      GENERIC) \
@@ -313,15 +315,15 @@
     CLASS(  CRegvaneICND2263Ex,     "ICND2263Ex",        20116, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneSM16609Ex,      "SM16609Ex",         20119, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneHB200BEx,       "HB200BEx",          20125, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneICND2165Ex,     "ICND2165Ex",        20126, CHIP_CAPTION_PARENT,      CUSTOM) \
+    CLASS(  CRegvaneICND2165Ex,     "ICND2165Ex",        20126, CHIP_CAPTION_PARENT,      TABLE) \
     CLASS(  CRegvane8081,           "8081",              20025, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneHX8865EX,       "HX8865EX",          20129, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMBI5265Ex,      "MBI5265Ex",         20131, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneICND2260Ex,     "ICND2260Ex",        20135, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneICND3289Ex,     "ICND3289Ex",        20502, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneICND2168Ex,     "ICND2168Ex",        20137, CHIP_CAPTION_PARENT,      CUSTOM) \
-    CLASS(  CRegvaneICND2169Ex,     "ICND2169Ex",        20139, CHIP_CAPTION_PARENT,      CUSTOM) \
-    CLASS(  CRegvaneCNS7363Ex,      "CNS7363Ex",         20141, CHIP_CAPTION_PARENT,      CUSTOM) \
+    CLASS(  CRegvaneICND2168Ex,     "ICND2168Ex",        20137, CHIP_CAPTION_PARENT,      TABLE) \
+    CLASS(  CRegvaneICND2169Ex,     "ICND2169Ex",        20139, CHIP_CAPTION_PARENT,      TABLE) \
+    CLASS(  CRegvaneCNS7363Ex,      "CNS7363Ex",         20141, CHIP_CAPTION_PARENT,      TABLE) \
     CLASS(  CRegvaneICND2152Ex,     "ICND2152Ex",        20143, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMBI5762Ex,      "MBI5762Ex",         20145, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneICND3065Ex,     "ICND3065Ex",        20147, CHIP_CAPTION_PARENT,      GENERIC) \
@@ -340,13 +342,13 @@
     CLASS(  CRegvaneSM16269Ex,      "SM16269Ex",         20174, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneLS9937Ex,       "LS9937Ex",          20177, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneFM6864Ex,       "FM6864Ex",          20179, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneICND1065SEx,    "ICND1065SEx",       20180, CHIP_CAPTION_PARENT,      CUSTOM) \
+    CLASS(  CRegvaneICND1065SEx,    "ICND1065SEx",       20180, CHIP_CAPTION_PARENT,      TABLE) \
     CLASS(  CRegvaneSM16510Ex,      "SM16510Ex",         20181, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneICND2270Ex,     "ICND2270Ex",        20187, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_AU1868Ex,      "AU1868Ex",          20423, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneDP3254EX,       "DP3254EX",          20189, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneDP3365SEX,      "DP3365SEX",         20197, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneICND2153SEx,    "ICND2153SEx",       20432, CHIP_CAPTION_PARENT,      CUSTOM) \
+    CLASS(  CRegvaneICND2153SEx,    "ICND2153SEx",       20432, CHIP_CAPTION_PARENT,      TABLE) \
     CLASS(  CRegvaneCFD535AEx,      "CFD535AEx",         20193, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvane_C8325EX,       "C8325EX",           20430, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneHX8964EX,       "HX8964EX",          20425, CHIP_CAPTION_PARENT,      GENERIC) \
@@ -354,8 +356,8 @@
     CLASS(  CRegvaneDP3368SEX,      "DP3368SEX",         20435, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneCFD655Ex,       "CFD655Ex",          20438, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneCFD855AEx,      "CFD855AEx",         20202, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneICND1068Ex,     "ICND1068Ex",        20203, CHIP_CAPTION_PARENT,      CUSTOM) \
-    CLASS(  CRegvaneFM6373EX,       "FM6373EX",          20204, CHIP_CAPTION_PARENT,      CUSTOM) \
+    CLASS(  CRegvaneICND1068Ex,     "ICND1068Ex",        20203, CHIP_CAPTION_PARENT,      TABLE) \
+    CLASS(  CRegvaneFM6373EX,       "FM6373EX",          20204, CHIP_CAPTION_PARENT,      TABLE) \
     CLASS(  CRegvaneMBS7264EX,      "MBS7264EX",         20208, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMBS7752EX,      "MBS7752EX",         20211, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMBI5756EX,      "MBI5756EX",         20214, CHIP_CAPTION_PARENT,      GENERIC) \
@@ -363,8 +365,8 @@
     CLASS(  CRegvaneICND1065LEx,    "ICND1065LEx",       20453, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneSM16399Ex,      "SM16399Ex",         20215, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneTBS5267AEX,     "TBS5267AEX",        20218, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneMBI5292EX,      "MBI5292EX",         20220, CHIP_CAPTION_PARENT,      CUSTOM) \
-    CLASS(  CRegvaneFM6373CEX,      "FM6373CEX",         20221, CHIP_CAPTION_PARENT,      CUSTOM) \
+    CLASS(  CRegvaneMBI5292EX,      "MBI5292EX",         20220, CHIP_CAPTION_PARENT,      TABLE) \
+    CLASS(  CRegvaneFM6373CEX,      "FM6373CEX",         20221, CHIP_CAPTION_PARENT,      TABLE) \
     CLASS(  CRegvaneRT5632Ex,       "RT5632Ex",          20505, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMBS7252EX,      "MBS7252EX",         20223, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneDP3370SEx,      "DP3370SEx",         20225, CHIP_CAPTION_PARENT,      GENERIC) \
@@ -372,7 +374,7 @@
     CLASS(  CRegvaneC8485EX,        "C8485EX",           20229, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMW16330Ex,      "MW16330Ex",         20232, CHIP_CAPTION_PARENT,      GENERIC) \
     CLASS(  CRegvaneMBS7253EX,      "MBS7253EX",         20234, CHIP_CAPTION_PARENT,      GENERIC) \
-    CLASS(  CRegvaneICND2163SEx,    "ICND2163SEx",       20236, CHIP_CAPTION_PARENT,      CUSTOM)
+    CLASS(  CRegvaneICND2163SEx,    "ICND2163SEx",       20236, CHIP_CAPTION_PARENT,      TABLE)
 
 #define REGVANE_CHIP_TYPES(TYPE) \
     TYPE(7,           7,           CRegvane_SUM2018) \

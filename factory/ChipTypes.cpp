@@ -20,8 +20,10 @@ enum class ClassId : std::uint16_t {
 #define REGVANE_FORM_CHIP_PARENT ChipConstructor::ChipParent
 #define REGVANE_FORM_CHIP_CAPTION_PARENT ChipConstructor::ChipCaptionParent
 #define REGVANE_FORM_CHIP_MODE_CAPTION_PARENT ChipConstructor::ChipModeCaptionParent
-#define REGVANE_KIND_GENERIC false
-#define REGVANE_KIND_CUSTOM true
+#define REGVANE_KIND_GENERIC ChipPageKind::Raw
+#define REGVANE_KIND_DESCRIBED ChipPageKind::Described
+#define REGVANE_KIND_TABLE ChipPageKind::ParamTable
+#define REGVANE_KIND_CUSTOM ChipPageKind::HandWritten
 
 constexpr ChipClassInfo kClasses[] = {
 #define REGVANE_CLASS_ROW(name, chip, templateId, form, kind)                                                \
@@ -185,6 +187,20 @@ ChipChoice Choice(ClassId id) {
 }
 
 } // namespace
+
+const char* ChipPageKindName(ChipPageKind kind) {
+    switch (kind) {
+    case ChipPageKind::Raw:
+        return "raw";
+    case ChipPageKind::Described:
+        return "described";
+    case ChipPageKind::ParamTable:
+        return "table";
+    case ChipPageKind::HandWritten:
+        break;
+    }
+    return "hand-written";
+}
 
 std::span<const ChipClassInfo> AllChipClasses() {
     return kClasses;

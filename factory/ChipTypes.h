@@ -11,13 +11,25 @@
 // How the factory constructs a page class (see factory/ChipTypeTable.h).
 enum class ChipConstructor { Chip, ChipParent, ChipCaptionParent, ChipModeCaptionParent };
 
+// What a page class gives the operator (the kind column of factory/ChipTypeTable.h).
+enum class ChipPageKind : std::uint8_t {
+    Raw,         // the raw register editor, made from the table
+    Described,   // made from the table too, and laid out from the description the module ships
+    ParamTable,  // a register parameter table with Export and Import
+    HandWritten, // any other page with behaviour of its own
+};
+// "raw", "described", "table", "hand-written".
+const char* ChipPageKindName(ChipPageKind kind);
+
 struct ChipClassInfo {
     const char* className;
     const char* chipName; // the caption of a generic page's template
     unsigned templateId;
     ChipConstructor constructor;
-    bool custom;         // behaviour of its own; false: a raw register page made from the table
+    ChipPageKind kind;
     bool sharesTemplate; // uses the template of another class, which emits it
+    // A class the table itself makes, on the raw register editor; a description may lay it out.
+    bool MadeFromTable() const { return kind == ChipPageKind::Raw || kind == ChipPageKind::Described; }
 };
 
 struct ChipTypeInfo {

@@ -39,7 +39,7 @@ constexpr PageMaker kPageMakers[] = {REGVANE_CHIP_CLASSES(REGVANE_PAGE_MAKER, RE
 // editor, and the operator is told once why.
 CDialog* DescribedPageOf(const ChipClassInfo& chipClass, IRegvane* chip, const wchar_t* caption, HWND parent,
                          std::optional<DescriptionProblem>& problem) {
-    if (chipClass.custom)
+    if (!chipClass.MadeFromTable())
         return nullptr;
     DescriptionLookup lookup = DescriptionRegistry::Module().Find(chipClass.className);
     problem = std::move(lookup.problem);

@@ -50,6 +50,8 @@ private:
         REGVANE_GENERIC_CONSTRUCTOR_##form(name, templateId) \
         const char* DialogClassName() const override { return #name; } \
     };
+#define REGVANE_GENERIC_PAGE_DESCRIBED(name, templateId, form) REGVANE_GENERIC_PAGE_GENERIC(name, templateId, form)
+#define REGVANE_GENERIC_PAGE_TABLE(name, templateId, form)
 #define REGVANE_GENERIC_PAGE_CUSTOM(name, templateId, form)
 #define REGVANE_GENERIC_PAGE(name, chip, templateId, form, kind) REGVANE_GENERIC_PAGE_##kind(name, templateId, form)
 
@@ -57,6 +59,8 @@ REGVANE_CHIP_CLASSES(REGVANE_GENERIC_PAGE, REGVANE_GENERIC_PAGE)
 
 #undef REGVANE_GENERIC_PAGE
 #undef REGVANE_GENERIC_PAGE_CUSTOM
+#undef REGVANE_GENERIC_PAGE_TABLE
+#undef REGVANE_GENERIC_PAGE_DESCRIBED
 #undef REGVANE_GENERIC_PAGE_GENERIC
 #undef REGVANE_GENERIC_CONSTRUCTOR_CHIP
 #undef REGVANE_GENERIC_CONSTRUCTOR_CHIP_PARENT

@@ -112,10 +112,12 @@ bool WritePagePicture(HWND page, const std::wstring& path) {
 }
 
 void PrintChipList() {
-    std::printf("%-12s %-28s %s\n", "type", "page class", "chip");
-    for (const CatalogEntry& entry : ChipCatalog())
-        std::printf("%-12s %-28s %s\n", EntryLabel(entry).c_str(), entry.className.c_str(),
-                    entry.modelName.c_str());
+    std::printf("%-12s %-28s %-13s %s\n", "type", "page class", "page", "chip");
+    for (const CatalogEntry& entry : ChipCatalog()) {
+        const ChipClassInfo* info = FindChipClass(entry.className);
+        std::printf("%-12s %-28s %-13s %s\n", EntryLabel(entry).c_str(), entry.className.c_str(),
+                    info ? ChipPageKindName(info->kind) : "", entry.modelName.c_str());
+    }
 }
 
 // The part of a headless run after the page opened: fit it, print it, run the actions, print the

@@ -95,9 +95,8 @@ TEST_F(Factory, EveryTypeOpensItsPageFromItsOwnTemplateAndClosesCleanly) {
         ASSERT_NE(page, nullptr);
         EXPECT_EQ(GetParent(page), host.View());
         EXPECT_STREQ(lib.RegvaneDialogClassName(page), type.className);
-        const std::wstring className(type.className, type.className + strlen(type.className));
-        const bool described = FindResourceW(lib.module, className.c_str(), L"CHIPDESC") != nullptr;
-        if (!FindChipClass(type.className)->custom) {
+        const bool described = FindChipClass(type.className)->kind == ChipPageKind::Described;
+        if (FindChipClass(type.className)->MadeFromTable()) {
             // A raw register page: every byte is on it, read from the chip. A described page shows
             // its fields instead.
             EXPECT_EQ(ItemText(page, 8543), described ? L"" : L"00");

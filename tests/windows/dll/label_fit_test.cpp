@@ -260,8 +260,7 @@ std::vector<PageToCheck> PagesToCheck(HMODULE module) {
     std::set<std::string> seen;
     for (const CatalogEntry& row : ChipCatalog()) {
         const ChipClassInfo* info = FindChipClass(row.className);
-        const bool described = FindResourceW(module, Wide(row.className).c_str(), L"CHIPDESC") != nullptr;
-        if (!info || !(info->custom || described) || !seen.insert(row.className).second)
+        if (!info || info->kind == ChipPageKind::Raw || !seen.insert(row.className).second)
             continue;
         const int registerKinds = row.className == "CchipRegModify" ? 12 : 0;
         for (int kind = registerKinds ? 1 : 0; kind <= registerKinds; ++kind)
