@@ -82,9 +82,33 @@ private:
     }
     int ReferenceWidth() const;
     int CurrentCellWidth(const Field& field) const;
+    // Where the labels and the colours' columns are, as wide as their widest texts.
+    struct Columns {
+        int labelX = 0;
+        int labelWidth = 0;
+        int first = 0; // the first column of controls
+        int width = 0; // of each colour's column
+        int gap = 0;
+        int indent = 0;        // of rows in group boxes
+        bool coloured = false; // a row has a control per colour
+        std::array<std::wstring, kColourCount> headers;
+        int X(int colour) const { return first + colour * (width + gap); }
+    };
+    struct GroupSpan {
+        std::wstring title;
+        int top, bottom;
+    };
+    Columns MeasureColumns(const std::vector<int>& rows) const;
+    // The link switch and the colours' names, from y down.
+    void AddSwitchAndHeaders(const Columns& columns, int& y);
+    // The rows of the fields with controls, from y down, in their group boxes.
+    std::vector<GroupSpan> AddRows(const std::vector<int>& rows, const Columns& columns, int& y);
+    void AddFieldRow(int row, const Columns& columns, int y);
     // The switch and the three rows of a field's output-current read-out, from y down.
-    void AddCurrentRows(int row, const Field& field, int labelX, int labelWidth,
-                        const std::function<int(int)>& columnX, int& y);
+    void AddCurrentRows(int row, const Field& field, const Columns& columns, int& y);
+    // Default, OK and Cancel from y down; Cancel ends at right or further.
+    void AddButtons(int labelX, int right, int& y);
+    int RightEdge() const;
     int IdOr(const std::vector<int>& ids, int colour) {
         return ids.empty() ? NextId() : ids[static_cast<std::size_t>(colour)];
     }
@@ -151,8 +175,8 @@ int Planner::CurrentCellWidth(const Field& field) const {
     return widest + X(2);
 }
 
-void Planner::AddCurrentRows(int row, const Field& field, int labelX, int labelWidth,
-                             const std::function<int(int)>& columnX, int& y) {
+void Planner::AddCurrentRows(int row, const Field& field, const Columns& columns, int& y) {
+    const int labelX = columns.labelX;
     const std::wstring switchText = Translate("IDS_ShowOutputCurrent");
     const int switchId = field.currentSwitchId ? field.currentSwitchId : NextId();
     Add(Role::CurrentSwitch, row, -1, switchId, switchText,
@@ -168,9 +192,9 @@ void Planner::AddCurrentRows(int row, const Field& field, int labelX, int labelW
     const int cellWidth = CurrentCellWidth(field) - X(2);
     for (const auto& current : rows) {
         Add(Role::Label, row, -1, 0, Translate(current.label),
-            {labelX, y + Y(4), labelX + labelWidth, y + Y(4) + Y(kLabelHeight)});
+            {labelX, y + Y(4), labelX + columns.labelWidth, y + Y(4) + Y(kLabelHeight)});
         for (int colour = 0; colour < kColourCount; ++colour) {
-            const int x = columnX(colour);
+            const int x = columns.X(colour);
             const int id = IdOr(current.ids, colour);
             if (current.role == Role::Reference) {
                 const int top = y + (Y(kRow) - Y(12)) / 2;
@@ -188,60 +212,73 @@ void Planner::AddCurrentRows(int row, const Field& field, int labelX, int labelW
 }
 
 LayoutPlan Planner::Plan() {
-    const Page& page = m_description.page;
-    const std::vector<Field>& fields = m_description.fields;
     std::vector<int> rows;
-    for (std::size_t i = 0; i < fields.size(); ++i)
-        if (fields[i].control != Control::None)
+    for (std::size_t i = 0; i < m_description.fields.size(); ++i)
+        if (m_description.fields[i].control != Control::None)
             rows.push_back(static_cast<int>(i));
+    const Columns columns = MeasureColumns(rows);
+    int y = Y(kMargin);
+    AddSwitchAndHeaders(columns, y);
+    const std::vector<GroupSpan> groups = AddRows(rows, columns, y);
+    AddButtons(columns.labelX, RightEdge(), y);
+    // Group boxes go first: behind their rows, and out of the tab order.
+    const int boxRight = RightEdge() + columns.indent;
+    std::vector<PlannedWindow> boxes;
+    for (const GroupSpan& span : groups)
+        boxes.push_back(
+            {Role::GroupBox, -1, -1, 0, span.title, {X(kMargin), span.top, boxRight, span.bottom}});
+    m_plan.windows.insert(m_plan.windows.begin(), boxes.begin(), boxes.end());
+    m_plan.width = boxRight + X(kMargin);
+    m_plan.height = y + Y(kMargin);
+    return std::move(m_plan);
+}
 
-    int labelWidth = 0;
-    bool colouredRows = false;
+Planner::Columns Planner::MeasureColumns(const std::vector<int>& rows) const {
+    Columns columns;
     bool grouped = false;
-    int columnWidth = 0;
     for (const int row : rows) {
-        const Field& field = fields[static_cast<std::size_t>(row)];
-        labelWidth = std::max(labelWidth, Measure(ItemText(field.label, m_texts)));
+        const Field& field = m_description.fields[static_cast<std::size_t>(row)];
+        columns.labelWidth = std::max(columns.labelWidth, Measure(ItemText(field.label, m_texts)));
         if (!field.current.empty())
             for (const char* label : {"IDS_Reference", "IDS_GainFraction", "IDS_OutputCurrent"})
-                labelWidth = std::max(labelWidth, Measure(Translate(label)));
+                columns.labelWidth = std::max(columns.labelWidth, Measure(Translate(label)));
         grouped = grouped || !field.group.text.empty();
         if (field.ControlCount() == kColourCount) {
-            colouredRows = true;
-            columnWidth = std::max(columnWidth, CellWidth(field));
+            columns.coloured = true;
+            columns.width = std::max(columns.width, CellWidth(field));
         }
     }
-    std::array<std::wstring, kColourCount> headers;
-    if (colouredRows)
+    if (columns.coloured)
         for (int colour = 0; colour < kColourCount; ++colour) {
-            headers[colour] = Translate(page.colourLabels[colour]);
-            columnWidth = std::max(columnWidth, Measure(headers[colour]));
+            columns.headers[colour] = Translate(m_description.page.colourLabels[colour]);
+            columns.width = std::max(columns.width, Measure(columns.headers[colour]));
         }
+    columns.indent = grouped ? X(kGroupIndent) : 0;
+    columns.labelX = X(kMargin) + columns.indent;
+    columns.first = columns.labelX + columns.labelWidth + X(kLabelGap);
+    columns.gap = X(kColumnGap);
+    return columns;
+}
 
-    const int indent = grouped ? X(kGroupIndent) : 0;
-    const int labelX = X(kMargin) + indent;
-    const int firstColumn = labelX + labelWidth + X(kLabelGap);
-    auto columnX = [&](int colour) { return firstColumn + colour * (columnWidth + X(kColumnGap)); };
-
-    int y = Y(kMargin);
+void Planner::AddSwitchAndHeaders(const Columns& columns, int& y) {
+    const Page& page = m_description.page;
     if (!page.link.empty()) {
         const std::wstring text = Translate(page.link);
         const int id = page.linkId ? page.linkId : NextId();
         Add(Role::LinkSwitch, -1, -1, id, text,
-            {labelX, y + Y(1), labelX + Measure(text) + X(14), y + Y(11)});
+            {columns.labelX, y + Y(1), columns.labelX + Measure(text) + X(14), y + Y(11)});
         y += Y(14);
     }
-    if (colouredRows) {
+    if (columns.coloured) {
         for (int colour = 0; colour < kColourCount; ++colour)
-            Add(Role::ColourHeader, -1, colour, 0, headers[colour],
-                {columnX(colour), y, columnX(colour) + columnWidth, y + Y(kLabelHeight)});
+            Add(Role::ColourHeader, -1, colour, 0, columns.headers[colour],
+                {columns.X(colour), y, columns.X(colour) + columns.width, y + Y(kLabelHeight)});
         y += Y(11);
     }
+}
 
-    struct GroupSpan {
-        std::wstring title;
-        int top, bottom;
-    };
+std::vector<Planner::GroupSpan> Planner::AddRows(const std::vector<int>& rows, const Columns& columns,
+                                                 int& y) {
     std::vector<GroupSpan> groups;
     Item group;
     auto closeGroup = [&] {
@@ -251,7 +288,7 @@ LayoutPlan Planner::Plan() {
         y += Y(kGroupBottom) + Y(kGroupGap);
     };
     for (const int row : rows) {
-        const Field& field = fields[static_cast<std::size_t>(row)];
+        const Field& field = m_description.fields[static_cast<std::size_t>(row)];
         if (field.group.text != group.text || field.group.literal != group.literal) {
             closeGroup();
             group = field.group;
@@ -260,83 +297,81 @@ LayoutPlan Planner::Plan() {
                 y += Y(kGroupTitle);
             }
         }
-        Add(Role::Label, row, -1, field.labelId, ItemText(field.label, m_texts),
-            {labelX, y + Y(4), labelX + labelWidth, y + Y(4) + Y(kLabelHeight)});
-        const int height = Y(ControlHeight(field.control));
-        const int controlTop = y + (Y(kRow) - height) / 2;
-        const int width = ControlWidth(field);
-        for (int colour = 0; colour < field.ControlCount(); ++colour) {
-            const int x = field.ControlCount() == kColourCount ? columnX(colour) : firstColumn;
-            const int id = IdOr(field.ids, colour);
-            Rect rect{x, controlTop, x + width, controlTop + height};
-            if (field.control == Control::Combo) // the drop-down list hangs below the box
-                rect.bottom += Y(10) * std::min<int>(static_cast<int>(field.items.size()), 12) + Y(4);
-            if (field.control == Control::Number) { // the spin buttons take the right end
-                rect.right -= X(kSpinWidth);
-                Add(Role::Control, row, colour, id, {}, rect);
-                Add(Role::Spin, row, colour, 0, {},
-                    {rect.right, rect.top, rect.right + X(kSpinWidth), rect.bottom});
-            } else {
-                Add(Role::Control, row, colour, id, {}, rect);
-            }
-            if (!field.readout.empty()) {
-                const int readoutId = IdOr(field.readoutIds, colour);
-                const int left = x + width + X(kReadoutGap);
-                Add(Role::Readout, row, colour, readoutId, {},
-                    {left, y + Y(4), left + ReadoutWidth(field), y + Y(4) + Y(kLabelHeight)});
-            }
-        }
+        AddFieldRow(row, columns, y);
         y += Y(kRow);
         if (!field.current.empty())
-            AddCurrentRows(row, field, labelX, labelWidth, columnX, y);
+            AddCurrentRows(row, field, columns, y);
     }
     closeGroup();
+    return groups;
+}
 
+void Planner::AddFieldRow(int row, const Columns& columns, int y) {
+    const Field& field = m_description.fields[static_cast<std::size_t>(row)];
+    Add(Role::Label, row, -1, field.labelId, ItemText(field.label, m_texts),
+        {columns.labelX, y + Y(4), columns.labelX + columns.labelWidth, y + Y(4) + Y(kLabelHeight)});
+    const int height = Y(ControlHeight(field.control));
+    const int controlTop = y + (Y(kRow) - height) / 2;
+    const int width = ControlWidth(field);
+    for (int colour = 0; colour < field.ControlCount(); ++colour) {
+        const int x = field.ControlCount() == kColourCount ? columns.X(colour) : columns.first;
+        const int id = IdOr(field.ids, colour);
+        Rect rect{x, controlTop, x + width, controlTop + height};
+        if (field.control == Control::Combo) // the drop-down list hangs below the box
+            rect.bottom += Y(10) * std::min<int>(static_cast<int>(field.items.size()), 12) + Y(4);
+        if (field.control == Control::Number) { // the spin buttons take the right end
+            rect.right -= X(kSpinWidth);
+            Add(Role::Control, row, colour, id, {}, rect);
+            Add(Role::Spin, row, colour, 0, {},
+                {rect.right, rect.top, rect.right + X(kSpinWidth), rect.bottom});
+        } else {
+            Add(Role::Control, row, colour, id, {}, rect);
+        }
+        if (!field.readout.empty()) {
+            const int readoutId = IdOr(field.readoutIds, colour);
+            const int left = x + width + X(kReadoutGap);
+            Add(Role::Readout, row, colour, readoutId, {},
+                {left, y + Y(4), left + ReadoutWidth(field), y + Y(4) + Y(kLabelHeight)});
+        }
+    }
+}
+
+void Planner::AddButtons(int labelX, int right, int& y) {
+    const Page& page = m_description.page;
+    if (!page.defaultButton && !page.okCancel)
+        return;
+    y += Y(4);
+    const int bottom = y + Y(kButtonHeight);
+    // At least the templates' button width, wider where a translation needs it.
+    auto widthOf = [&](const std::wstring& text) { return std::max(X(kButtonWidth), Measure(text) + X(10)); };
+    int left = labelX;
+    if (page.defaultButton) {
+        const std::wstring text = Translate("IDS_Default");
+        const int width = widthOf(text);
+        Add(Role::DefaultButton, -1, -1, page.defaultId ? page.defaultId : kDefaultButtonId, text,
+            {left, y, left + width, bottom});
+        left += width + X(4);
+    }
+    if (page.okCancel) {
+        const std::wstring okText = Translate("IDS_OK");
+        const std::wstring cancelText = Translate("IDS_Cancel");
+        const int okWidth = widthOf(okText);
+        const int cancelWidth = widthOf(cancelText);
+        const int cancelRight =
+            std::max({right, labelX + 3 * X(kButtonWidth), left + okWidth + X(4) + cancelWidth});
+        const int cancelLeft = cancelRight - cancelWidth;
+        const int okLeft = cancelLeft - X(4) - okWidth;
+        Add(Role::OkButton, -1, -1, kOkButtonId, okText, {okLeft, y, okLeft + okWidth, bottom});
+        Add(Role::CancelButton, -1, -1, kCancelButtonId, cancelText, {cancelLeft, y, cancelRight, bottom});
+    }
+    y = bottom;
+}
+
+int Planner::RightEdge() const {
     int right = 0;
     for (const PlannedWindow& window : m_plan.windows)
         right = std::max(right, window.rect.right);
-    if (page.defaultButton || page.okCancel) {
-        y += Y(4);
-        const int bottom = y + Y(kButtonHeight);
-        // At least the templates' button width, wider where a translation needs it.
-        auto widthOf = [&](const std::wstring& text) {
-            return std::max(X(kButtonWidth), Measure(text) + X(10));
-        };
-        int left = labelX;
-        if (page.defaultButton) {
-            const std::wstring text = Translate("IDS_Default");
-            const int width = widthOf(text);
-            Add(Role::DefaultButton, -1, -1, page.defaultId ? page.defaultId : kDefaultButtonId, text,
-                {left, y, left + width, bottom});
-            left += width + X(4);
-        }
-        if (page.okCancel) {
-            const std::wstring okText = Translate("IDS_OK");
-            const std::wstring cancelText = Translate("IDS_Cancel");
-            const int okWidth = widthOf(okText);
-            const int cancelWidth = widthOf(cancelText);
-            const int cancelRight =
-                std::max({right, labelX + 3 * X(kButtonWidth), left + okWidth + X(4) + cancelWidth});
-            const int cancelLeft = cancelRight - cancelWidth;
-            const int okLeft = cancelLeft - X(4) - okWidth;
-            Add(Role::OkButton, -1, -1, kOkButtonId, okText, {okLeft, y, okLeft + okWidth, bottom});
-            Add(Role::CancelButton, -1, -1, kCancelButtonId, cancelText,
-                {cancelLeft, y, cancelRight, bottom});
-        }
-        y = bottom;
-        for (const PlannedWindow& window : m_plan.windows)
-            right = std::max(right, window.rect.right);
-    }
-
-    // Group boxes go first: behind their rows, and out of the tab order.
-    std::vector<PlannedWindow> boxes;
-    for (const GroupSpan& span : groups)
-        boxes.push_back(
-            {Role::GroupBox, -1, -1, 0, span.title, {X(kMargin), span.top, right + indent, span.bottom}});
-    m_plan.windows.insert(m_plan.windows.begin(), boxes.begin(), boxes.end());
-    m_plan.width = right + indent + X(kMargin);
-    m_plan.height = y + Y(kMargin);
-    return std::move(m_plan);
+    return right;
 }
 
 } // namespace

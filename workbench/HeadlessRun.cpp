@@ -253,20 +253,82 @@ int CheckDescriptions(const WorkbenchOptions& options, HostModule& module) {
     return status;
 }
 
-int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback) {
-    std::vector<CatalogEntry> entries = ChipCatalog();
-    if (!options.onlyTypes.empty()) {
-        for (const int type : options.onlyTypes)
-            if (!FindChipType(type)) {
-                std::fprintf(stderr, "error: --types: there is no chip type %s\n",
-                             ChipTypeLabel(type).c_str());
-                return kExitBadCommandLine;
-            }
-        std::erase_if(entries, [&](const CatalogEntry& e) {
-            return std::find(options.onlyTypes.begin(), options.onlyTypes.end(), e.chipType) ==
-                   options.onlyTypes.end();
-        });
+namespace {
+
+// The chip table's pages, or those of the --types given; false for a type there is none of.
+bool SelectPages(const WorkbenchOptions& options, std::vector<CatalogEntry>& entries) {
+    entries = ChipCatalog();
+    if (options.onlyTypes.empty())
+        return true;
+    for (const int type : options.onlyTypes)
+        if (!FindChipType(type)) {
+            std::fprintf(stderr, "error: --types: there is no chip type %s\n", ChipTypeLabel(type).c_str());
+            return false;
+        }
+    std::erase_if(entries, [&](const CatalogEntry& e) {
+        return std::find(options.onlyTypes.begin(), options.onlyTypes.end(), e.chipType) ==
+               options.onlyTypes.end();
+    });
+    return true;
+}
+
+enum class PictureOutcome { Taken, NoPage, Failed };
+
+// Opens an entry's page from its start values and writes its picture into the folder, saying so on
+// the line already begun for it.
+PictureOutcome PicturePage(const CatalogEntry& entry, PageSession& session, HeadlessFrame& frame,
+                           MessageBoxAnswerer& boxes, const std::wstring& folder, PagePicture& picture) {
+    PictureOutcome outcome = PictureOutcome::Taken;
+    const PageSession::Opened opened =
+        session.Open(entry.chipType, entry.subType, frame.View(), nullptr, true);
+    if (!opened.hasPage) {
+        std::printf("no page\n");
+        outcome = PictureOutcome::NoPage;
+    } else {
+        frame.FitPage(session.Page());
+        const std::string file = PictureFileName(entry.chipType, entry.subType, entry.className);
+        SIZE size{};
+        bool cropped = false;
+        const std::string error =
+            CaptureWindowPng(session.Page(), folder + L"\\" + Wide(file), size, cropped);
+        if (error.empty()) {
+            picture.file = file;
+            picture.width = size.cx;
+            picture.height = size.cy;
+            std::printf("%s (%ld x %ld%s)\n", file.c_str(), size.cx, size.cy, cropped ? ", cut off" : "");
+        } else {
+            std::printf("no picture: %s\n", error.c_str());
+            outcome = PictureOutcome::Failed;
+        }
     }
+    std::fflush(stdout);
+    session.Close();
+    PumpMessages();
+    for (const std::wstring& box : boxes.TakeAnswered())
+        std::printf("      the page showed a %s\n", Utf8(box).c_str());
+    session.TakeLog();
+    return outcome;
+}
+
+bool WriteIndex(const std::wstring& index, const std::vector<PagePicture>& pictures) {
+    const std::string html = PagesIndexHtml(pictures);
+    HANDLE file =
+        CreateFileW(index.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    DWORD written = 0;
+    const bool indexWritten =
+        file != INVALID_HANDLE_VALUE &&
+        WriteFile(file, html.data(), static_cast<DWORD>(html.size()), &written, nullptr);
+    if (file != INVALID_HANDLE_VALUE)
+        CloseHandle(file);
+    return indexWritten;
+}
+
+} // namespace
+
+int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback) {
+    std::vector<CatalogEntry> entries;
+    if (!SelectPages(options, entries))
+        return kExitBadCommandLine;
     const std::wstring folder = FullPath(options.allPagesFolder);
     if (!MakeFolders(folder)) {
         std::fprintf(stderr, "error: cannot create %s (%s)\n", DisplayPath(folder).c_str(),
@@ -288,48 +350,14 @@ int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHo
         PagePicture picture{EntryLabel(entry), entry.className, entry.modelName, "", 0, 0};
         std::printf("[%*zu/%zu] %-10s %-28s ", width, i + 1, entries.size(), picture.label.c_str(),
                     entry.className.c_str());
-        const PageSession::Opened opened =
-            session.Open(entry.chipType, entry.subType, frame.View(), nullptr, true);
-        if (!opened.hasPage) {
-            std::printf("no page\n");
-            ++missing;
-        } else {
-            frame.FitPage(session.Page());
-            const std::string file = PictureFileName(entry.chipType, entry.subType, entry.className);
-            SIZE size{};
-            bool cropped = false;
-            const std::string error =
-                CaptureWindowPng(session.Page(), folder + L"\\" + Wide(file), size, cropped);
-            if (error.empty()) {
-                picture.file = file;
-                picture.width = size.cx;
-                picture.height = size.cy;
-                std::printf("%s (%ld x %ld%s)\n", file.c_str(), size.cx, size.cy, cropped ? ", cut off" : "");
-            } else {
-                std::printf("no picture: %s\n", error.c_str());
-                ++failed;
-            }
-        }
-        std::fflush(stdout);
-        session.Close();
-        PumpMessages();
-        for (const std::wstring& box : boxes.TakeAnswered())
-            std::printf("      the page showed a %s\n", Utf8(box).c_str());
-        session.TakeLog();
+        const PictureOutcome outcome = PicturePage(entry, session, frame, boxes, folder, picture);
+        missing += outcome == PictureOutcome::NoPage;
+        failed += outcome == PictureOutcome::Failed;
         pictures.push_back(std::move(picture));
     }
 
-    const std::string html = PagesIndexHtml(pictures);
     const std::wstring index = folder + L"\\index.html";
-    HANDLE file =
-        CreateFileW(index.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    DWORD written = 0;
-    const bool indexWritten =
-        file != INVALID_HANDLE_VALUE &&
-        WriteFile(file, html.data(), static_cast<DWORD>(html.size()), &written, nullptr);
-    if (file != INVALID_HANDLE_VALUE)
-        CloseHandle(file);
-
+    const bool indexWritten = WriteIndex(index, pictures);
     const int shot = static_cast<int>(entries.size()) - missing - failed;
     std::printf("%d pictures in %s%s", shot, DisplayPath(folder).c_str(),
                 indexWritten ? (", side by side in " + DisplayPath(index)).c_str() : "");

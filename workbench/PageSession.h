@@ -77,6 +77,11 @@ private:
     // A new simulated chip for a page of this type and sub-type, with what the store saved for it.
     void SetUpChip(int chipType, int subType, const ChipStore* store, bool reset, Opened& opened);
     void ShowPage();
+    // The operator actions of Run.
+    std::string Poke(const ScriptAction& action);
+    void MoveSlider(HWND slider, int position);
+    void SetCheck(HWND box, bool on, const std::string& name);
+    void TypeText(HWND edit, const std::string& text);
 
     HostModule& m_module;
     SimulatedHostCallback& m_callback;

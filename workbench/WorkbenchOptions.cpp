@@ -3,6 +3,8 @@
 #include "workbench/ChipCatalog.h"
 
 #include <charconv>
+#include <string_view>
+#include <utility>
 
 const char* const kWorkbenchUsage =
     R"(RegvaneWorkbench: plays the host for regvane.dll, with simulated chips.
@@ -60,122 +62,146 @@ std::optional<int> Integer(const std::wstring& text) {
     return value;
 }
 
+// Actions are ASCII but for edit texts and combo items: keep those as UTF-8.
+void AppendUtf8(std::string& out, const std::wstring& text) {
+    for (const wchar_t c : text) {
+        if (c < 0x80) {
+            out += static_cast<char>(c);
+        } else if (c < 0x800) {
+            out += static_cast<char>(0xC0 | (c >> 6));
+            out += static_cast<char>(0x80 | (c & 0x3F));
+        } else {
+            out += static_cast<char>(0xE0 | ((c >> 12) & 0x0F));
+            out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+            out += static_cast<char>(0x80 | (c & 0x3F));
+        }
+    }
+}
+
+// Each option's value read into the options; empty, or why the value is wrong.
+std::string SetChipType(const std::wstring& value, WorkbenchOptions& o) {
+    const std::string text = Narrow(value);
+    const std::optional<int> type = ParseChipTypeNumber(text);
+    if (!type)
+        return "--type " + text + ": not a chip type number (write e.g. 47 or 65536+4)";
+    o.chipType = *type;
+    return {};
+}
+
+// A whole number from lowest to highest; otherwise "OPTION VALUE: why".
+std::string SetNumber(const std::wstring& value, int& out, int lowest, int highest, const char* option,
+                      const char* why) {
+    const std::optional<int> number = Integer(value);
+    if (!number || *number < lowest || *number > highest)
+        return std::string(option) + " " + Narrow(value) + ": " + why;
+    out = *number;
+    return {};
+}
+
+std::string SetSubType(const std::wstring& value, WorkbenchOptions& o) {
+    return SetNumber(value, o.subType, 0, 65535, "--subtype", "not a number from 0 to 65535");
+}
+
+std::string SetLanguage(const std::wstring& value, WorkbenchOptions& o) {
+    return SetNumber(value, o.language, 1, 13, "--language", "the host's languages are 1 to 13");
+}
+
+std::string AddActions(const std::wstring& value, WorkbenchOptions& o) {
+    if (!o.inlineActions.empty())
+        o.inlineActions += ';';
+    AppendUtf8(o.inlineActions, value);
+    return {};
+}
+
+std::string SetTypes(const std::wstring& value, WorkbenchOptions& o) {
+    const std::string list = Narrow(value);
+    std::size_t start = 0;
+    while (start <= list.size()) {
+        const std::size_t comma = std::min(list.find(',', start), list.size());
+        const std::string item = list.substr(start, comma - start);
+        const std::optional<int> type = ParseChipTypeNumber(item);
+        if (!type)
+            return "--types: '" + item + "' is not a chip type number";
+        o.onlyTypes.push_back(*type);
+        start = comma + 1;
+    }
+    return {};
+}
+
+template <std::wstring WorkbenchOptions::*member>
+std::string SetText(const std::wstring& value, WorkbenchOptions& o) {
+    o.*member = value;
+    return {};
+}
+
+struct ValueOption {
+    std::wstring_view name;
+    const char* needs; // what the message says is missing without a value
+    std::string (*set)(const std::wstring& value, WorkbenchOptions& o);
+};
+
+constexpr ValueOption kValueOptions[] = {
+    {L"--type", "a chip type number", SetChipType},
+    {L"--subtype", "a sub-type number", SetSubType},
+    {L"--language", "a language index", SetLanguage},
+    {L"--script", "a script file", SetText<&WorkbenchOptions::scriptFile>},
+    {L"--do", "actions, e.g. --do \"slider 8123 20; click 8025\"", AddActions},
+    {L"--screenshot", "a .png file name", SetText<&WorkbenchOptions::screenshot>},
+    {L"--all-pages", "a folder for the pictures", SetText<&WorkbenchOptions::allPagesFolder>},
+    {L"--types", "chip type numbers separated by commas", SetTypes},
+    {L"--describe", "a chip description file", SetText<&WorkbenchOptions::describe>},
+    {L"--profile", "a folder", SetText<&WorkbenchOptions::profile>},
+};
+
+constexpr std::pair<std::wstring_view, bool WorkbenchOptions::*> kSwitches[] = {
+    {L"--help", &WorkbenchOptions::help},
+    {L"-h", &WorkbenchOptions::help},
+    {L"/?", &WorkbenchOptions::help},
+    {L"--list", &WorkbenchOptions::list},
+    {L"--headless", &WorkbenchOptions::headless},
+    {L"--reset", &WorkbenchOptions::reset},
+};
+
+// Options that only go with some others; empty when these go together.
+std::string CheckCombination(const WorkbenchOptions& o) {
+    if (!o.allPagesFolder.empty() && (o.chipType || !o.scriptFile.empty() || !o.inlineActions.empty()))
+        return "--all-pages takes every page as it starts; it does not go with --type, --script or --do";
+    if (o.allPagesFolder.empty() && !o.onlyTypes.empty())
+        return "--types only limits --all-pages";
+    if (!o.describe.empty() && (o.chipType || !o.allPagesFolder.empty()))
+        return "--describe opens the chip a description names; it does not go with --type or --all-pages";
+    if (o.headless && !o.chipType && o.allPagesFolder.empty() && o.describe.empty())
+        return "--headless needs --type (for example --type 47) or --describe";
+    return {};
+}
+
+// The option at args[i] with its values, which it steps i over; empty, or what is wrong.
+std::string ReadOption(const std::vector<std::wstring>& args, std::size_t& i, WorkbenchOptions& o) {
+    const std::wstring& arg = args[i];
+    const std::string name = Narrow(arg);
+    for (const auto& [option, flag] : kSwitches)
+        if (arg == option) {
+            o.*flag = true;
+            return {};
+        }
+    for (const ValueOption& option : kValueOptions)
+        if (arg == option.name)
+            return i + 1 < args.size() ? option.set(args[++i], o) : name + " needs " + option.needs;
+    if (arg == L"--check-description") {
+        while (i + 1 < args.size() && args[i + 1].rfind(L"--", 0) != 0)
+            o.checkDescriptions.push_back(args[++i]);
+        return o.checkDescriptions.empty() ? name + " needs chip description files" : std::string();
+    }
+    return "unknown option " + name + " (see --help)";
+}
+
 } // namespace
 
 ParsedOptions ParseOptions(const std::vector<std::wstring>& args) {
     ParsedOptions parsed;
-    WorkbenchOptions& o = parsed.options;
-    auto fail = [&](std::string message) {
-        parsed.error = std::move(message);
-        return parsed;
-    };
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        const std::wstring& arg = args[i];
-        const bool hasValue = i + 1 < args.size();
-        const std::string name = Narrow(arg);
-        auto value = [&]() -> const std::wstring& { return args[++i]; };
-        auto needsValue = [&](const char* what) { return fail(name + " needs " + what); };
-
-        if (arg == L"--help" || arg == L"-h" || arg == L"/?") {
-            o.help = true;
-        } else if (arg == L"--list") {
-            o.list = true;
-        } else if (arg == L"--headless") {
-            o.headless = true;
-        } else if (arg == L"--reset") {
-            o.reset = true;
-        } else if (arg == L"--type") {
-            if (!hasValue)
-                return needsValue("a chip type number");
-            const std::string text = Narrow(value());
-            const std::optional<int> type = ParseChipTypeNumber(text);
-            if (!type)
-                return fail("--type " + text + ": not a chip type number (write e.g. 47 or 65536+4)");
-            o.chipType = *type;
-        } else if (arg == L"--subtype") {
-            if (!hasValue)
-                return needsValue("a sub-type number");
-            const std::optional<int> subType = Integer(value());
-            if (!subType || *subType < 0 || *subType > 65535)
-                return fail("--subtype " + Narrow(args[i]) + ": not a number from 0 to 65535");
-            o.subType = *subType;
-        } else if (arg == L"--language") {
-            if (!hasValue)
-                return needsValue("a language index");
-            const std::optional<int> language = Integer(value());
-            if (!language || *language < 1 || *language > 13)
-                return fail("--language " + Narrow(args[i]) + ": the host's languages are 1 to 13");
-            o.language = *language;
-        } else if (arg == L"--script") {
-            if (!hasValue)
-                return needsValue("a script file");
-            o.scriptFile = value();
-        } else if (arg == L"--do") {
-            if (!hasValue)
-                return needsValue("actions, e.g. --do \"slider 8123 20; click 8025\"");
-            if (!o.inlineActions.empty())
-                o.inlineActions += ';';
-            // Actions are ASCII but for edit texts and combo items: keep those as UTF-8.
-            for (const wchar_t c : value()) {
-                if (c < 0x80) {
-                    o.inlineActions += static_cast<char>(c);
-                } else if (c < 0x800) {
-                    o.inlineActions += static_cast<char>(0xC0 | (c >> 6));
-                    o.inlineActions += static_cast<char>(0x80 | (c & 0x3F));
-                } else {
-                    o.inlineActions += static_cast<char>(0xE0 | ((c >> 12) & 0x0F));
-                    o.inlineActions += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-                    o.inlineActions += static_cast<char>(0x80 | (c & 0x3F));
-                }
-            }
-        } else if (arg == L"--screenshot") {
-            if (!hasValue)
-                return needsValue("a .png file name");
-            o.screenshot = value();
-        } else if (arg == L"--all-pages") {
-            if (!hasValue)
-                return needsValue("a folder for the pictures");
-            o.allPagesFolder = value();
-        } else if (arg == L"--types") {
-            if (!hasValue)
-                return needsValue("chip type numbers separated by commas");
-            const std::string list = Narrow(value());
-            std::size_t start = 0;
-            while (start <= list.size()) {
-                const std::size_t comma = std::min(list.find(',', start), list.size());
-                const std::string item = list.substr(start, comma - start);
-                const std::optional<int> type = ParseChipTypeNumber(item);
-                if (!type)
-                    return fail("--types: '" + item + "' is not a chip type number");
-                o.onlyTypes.push_back(*type);
-                start = comma + 1;
-            }
-        } else if (arg == L"--describe") {
-            if (!hasValue)
-                return needsValue("a chip description file");
-            o.describe = value();
-        } else if (arg == L"--check-description") {
-            while (i + 1 < args.size() && args[i + 1].rfind(L"--", 0) != 0)
-                o.checkDescriptions.push_back(value());
-            if (o.checkDescriptions.empty())
-                return needsValue("chip description files");
-        } else if (arg == L"--profile") {
-            if (!hasValue)
-                return needsValue("a folder");
-            o.profile = value();
-        } else {
-            return fail("unknown option " + name + " (see --help)");
-        }
-    }
-    if (!o.allPagesFolder.empty() && (o.chipType || !o.scriptFile.empty() || !o.inlineActions.empty()))
-        return fail(
-            "--all-pages takes every page as it starts; it does not go with --type, --script or --do");
-    if (o.allPagesFolder.empty() && !o.onlyTypes.empty())
-        return fail("--types only limits --all-pages");
-    if (!o.describe.empty() && (o.chipType || !o.allPagesFolder.empty()))
-        return fail(
-            "--describe opens the chip a description names; it does not go with --type or --all-pages");
-    if (o.headless && !o.chipType && o.allPagesFolder.empty() && o.describe.empty())
-        return fail("--headless needs --type (for example --type 47) or --describe");
+    for (std::size_t i = 0; i < args.size() && parsed.error.empty(); ++i)
+        parsed.error = ReadOption(args, i, parsed.options);
+    if (parsed.error.empty())
+        parsed.error = CheckCombination(parsed.options);
     return parsed;
 }

@@ -81,77 +81,45 @@ constexpr Usage kUsages[] = {
     {"poke", ScriptActionKind::Poke, "poke IMAGE OFFSET BYTE..."},
 };
 
-// One action from one line's words; the reason when they do not make one.
-std::optional<std::string> ParseAction(const Tokens& tokens, ScriptAction& action) {
-    const std::vector<std::string>& w = tokens.words;
-    const Usage* usage = nullptr;
-    for (const Usage& u : kUsages)
-        if (w[0] == u.name && !tokens.quoted[0])
-            usage = &u;
-    if (!usage)
-        return "unknown action '" + w[0] + "' (actions: slider, click, check, combo, edit, reread, poke)";
-    action.kind = usage->kind;
-    const std::string form = std::string(" (") + usage->form + ")";
-
-    if (action.kind == ScriptActionKind::Reread)
-        return w.size() == 1 ? std::nullopt : std::optional<std::string>("reread takes nothing more" + form);
-
-    if (action.kind == ScriptActionKind::Poke) {
-        if (w.size() < 4)
-            return "poke needs an image, an offset and at least one byte" + form;
-        // Fixed images have the sizes of an empty chip; row lists can grow to the host's capacity.
-        std::size_t size = 0;
-        std::string names;
-        for (const NamedImage& image : TakeSnapshot(SimulatedChip(), true)) {
-            names += (names.empty() ? "" : ", ") + image.name;
-            if (image.name == w[1])
-                size = image.bytes.empty() ? kParamRowListCapacity * kParamRowBytes : image.bytes.size();
-        }
-        if (!size)
-            return "unknown image '" + w[1] + "' (images: " + names + ")";
-        action.image = w[1];
-        const std::optional<long long> offset = Number(w[2]);
-        if (!offset || *offset < 0 || *offset >= static_cast<long long>(size))
-            return "offset '" + w[2] + "' is not a byte of " + w[1] + " (0 to " + std::to_string(size - 1) +
-                   ")";
-        action.value = static_cast<int>(*offset);
-        for (std::size_t i = 3; i < w.size(); ++i) {
-            std::string digits = w[i];
-            if (digits.size() > 2 && digits[0] == '0' && (digits[1] == 'x' || digits[1] == 'X'))
-                digits.erase(0, 2);
-            unsigned value = 0;
-            const char* end = digits.data() + digits.size();
-            const auto result = std::from_chars(digits.data(), end, value, 16);
-            if (digits.empty() || digits.size() > 2 || result.ec != std::errc() || result.ptr != end)
-                return "'" + w[i] + "' is not a hexadecimal byte";
-            action.bytes.push_back(static_cast<std::uint8_t>(value));
-        }
-        if (static_cast<std::size_t>(*offset) + action.bytes.size() > size)
-            return "the bytes run past the end of " + w[1] + " (" + std::to_string(size) + " bytes)";
-        return std::nullopt;
+// poke IMAGE OFFSET BYTE...
+std::optional<std::string> ParsePoke(const std::vector<std::string>& w, const std::string& form,
+                                     ScriptAction& action) {
+    if (w.size() < 4)
+        return "poke needs an image, an offset and at least one byte" + form;
+    // Fixed images have the sizes of an empty chip; row lists can grow to the host's capacity.
+    std::size_t size = 0;
+    std::string names;
+    for (const NamedImage& image : TakeSnapshot(SimulatedChip(), true)) {
+        names += (names.empty() ? "" : ", ") + image.name;
+        if (image.name == w[1])
+            size = image.bytes.empty() ? kParamRowListCapacity * kParamRowBytes : image.bytes.size();
     }
+    if (!size)
+        return "unknown image '" + w[1] + "' (images: " + names + ")";
+    action.image = w[1];
+    const std::optional<long long> offset = Number(w[2]);
+    if (!offset || *offset < 0 || *offset >= static_cast<long long>(size))
+        return "offset '" + w[2] + "' is not a byte of " + w[1] + " (0 to " + std::to_string(size - 1) + ")";
+    action.value = static_cast<int>(*offset);
+    for (std::size_t i = 3; i < w.size(); ++i) {
+        std::string digits = w[i];
+        if (digits.size() > 2 && digits[0] == '0' && (digits[1] == 'x' || digits[1] == 'X'))
+            digits.erase(0, 2);
+        unsigned value = 0;
+        const char* end = digits.data() + digits.size();
+        const auto result = std::from_chars(digits.data(), end, value, 16);
+        if (digits.empty() || digits.size() > 2 || result.ec != std::errc() || result.ptr != end)
+            return "'" + w[i] + "' is not a hexadecimal byte";
+        action.bytes.push_back(static_cast<std::uint8_t>(value));
+    }
+    if (static_cast<std::size_t>(*offset) + action.bytes.size() > size)
+        return "the bytes run past the end of " + w[1] + " (" + std::to_string(size) + " bytes)";
+    return std::nullopt;
+}
 
-    if (w.size() < 2)
-        return std::string(usage->name) + " needs a control id" + form;
-    const std::optional<long long> id = tokens.quoted[1] ? std::nullopt : Number(w[1]);
-    if (!id)
-        return "control id '" + w[1] + "' is not a number" + form;
-    if (*id < 1 || *id > 65535)
-        return "control id " + w[1] + " is outside 1..65535";
-    action.controlId = static_cast<int>(*id);
-
-    const std::size_t wanted = action.kind == ScriptActionKind::Click ? 2 : 3;
-    if (w.size() < wanted)
-        return std::string(usage->name) + " needs " +
-               (action.kind == ScriptActionKind::Slider  ? "a position"
-                : action.kind == ScriptActionKind::Check ? "on or off"
-                : action.kind == ScriptActionKind::Combo ? "an item index or text"
-                                                         : "the text to type") +
-               form;
-    if (w.size() > wanted)
-        return "too much on the line after '" + w[wanted - 1] + "'" +
-               (action.kind == ScriptActionKind::Edit ? " (put text with spaces in quotes)" : "") + form;
-
+// The word after a control id: a slider's position, on or off, a combo's item, an edit's text.
+std::optional<std::string> ParseControlValue(const Tokens& tokens, ScriptAction& action) {
+    const std::vector<std::string>& w = tokens.words;
     switch (action.kind) {
     case ScriptActionKind::Slider: {
         const std::optional<long long> position = tokens.quoted[2] ? std::nullopt : Number(w[2]);
@@ -183,6 +151,51 @@ std::optional<std::string> ParseAction(const Tokens& tokens, ScriptAction& actio
         break;
     }
     return std::nullopt;
+}
+
+// An action on a control: its id, then (but for a click) one value.
+std::optional<std::string> ParseControlAction(const Tokens& tokens, const Usage& usage,
+                                              const std::string& form, ScriptAction& action) {
+    const std::vector<std::string>& w = tokens.words;
+    if (w.size() < 2)
+        return std::string(usage.name) + " needs a control id" + form;
+    const std::optional<long long> id = tokens.quoted[1] ? std::nullopt : Number(w[1]);
+    if (!id)
+        return "control id '" + w[1] + "' is not a number" + form;
+    if (*id < 1 || *id > 65535)
+        return "control id " + w[1] + " is outside 1..65535";
+    action.controlId = static_cast<int>(*id);
+
+    const std::size_t wanted = action.kind == ScriptActionKind::Click ? 2 : 3;
+    if (w.size() < wanted)
+        return std::string(usage.name) + " needs " +
+               (action.kind == ScriptActionKind::Slider  ? "a position"
+                : action.kind == ScriptActionKind::Check ? "on or off"
+                : action.kind == ScriptActionKind::Combo ? "an item index or text"
+                                                         : "the text to type") +
+               form;
+    if (w.size() > wanted)
+        return "too much on the line after '" + w[wanted - 1] + "'" +
+               (action.kind == ScriptActionKind::Edit ? " (put text with spaces in quotes)" : "") + form;
+    return ParseControlValue(tokens, action);
+}
+
+// One action from one line's words; the reason when they do not make one.
+std::optional<std::string> ParseAction(const Tokens& tokens, ScriptAction& action) {
+    const std::vector<std::string>& w = tokens.words;
+    const Usage* usage = nullptr;
+    for (const Usage& u : kUsages)
+        if (w[0] == u.name && !tokens.quoted[0])
+            usage = &u;
+    if (!usage)
+        return "unknown action '" + w[0] + "' (actions: slider, click, check, combo, edit, reread, poke)";
+    action.kind = usage->kind;
+    const std::string form = std::string(" (") + usage->form + ")";
+    if (action.kind == ScriptActionKind::Reread)
+        return w.size() == 1 ? std::nullopt : std::optional<std::string>("reread takes nothing more" + form);
+    if (action.kind == ScriptActionKind::Poke)
+        return ParsePoke(w, form, action);
+    return ParseControlAction(tokens, *usage, form, action);
 }
 
 } // namespace

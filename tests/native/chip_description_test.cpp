@@ -3,6 +3,7 @@
 // text the room its language needs. What the shipped FM612x pages write is held by the Windows page
 // tests and the accepted host-call traces.
 #include "descriptions/ChipDescription.h"
+#include "descriptions/ChipDescriptionKeys.h"
 #include "descriptions/DescriptionLayout.h"
 #include "framework/LanguageFile.h"
 #include "framework/TextEncoding.h"
@@ -13,6 +14,8 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <set>
+#include <sstream>
 
 namespace {
 
@@ -207,6 +210,41 @@ TEST(ChipDescription, EveryShippedDescriptionIsValidNamedForItsClassAndTranslate
     // The documentation's worked example is a valid description too.
     ParseResult example = Parse(ReadSourceFile("docs/examples/CRegvaneExampleChip.desc"), IsModuleStringId);
     EXPECT_TRUE(std::holds_alternative<Description>(example)) << std::get<ParseError>(example).detail;
+}
+
+// The names in backquotes in the first column of the tables under a heading of the guide.
+std::set<std::string> KeysInGuideUnder(const std::string& guide, const std::string& heading) {
+    std::set<std::string> keys;
+    std::istringstream lines(guide);
+    std::string line, section;
+    while (std::getline(lines, line)) {
+        if (line.rfind('#', 0) == 0)
+            section = line;
+        else if (section == heading && line.rfind("| `", 0) == 0) {
+            const std::string cell = line.substr(0, line.find('|', 1));
+            for (std::size_t open = cell.find('`'); open != std::string::npos;) {
+                const std::size_t close = cell.find('`', open + 1);
+                keys.insert(cell.substr(open + 1, close - open - 1));
+                open = cell.find('`', close + 1);
+            }
+        }
+    }
+    return keys;
+}
+
+TEST(ChipDescription, TheGuideDocumentsEveryKeyOfEachSectionAndNoOther) {
+    const std::string guide = ReadSourceFile("docs/chip-descriptions.md");
+    const struct {
+        Section section;
+        std::string heading;
+    } sections[] = {{Section::Page, "### `[page]`"}, {Section::Field, "### `[field NAME]`"}};
+    for (const auto& [section, heading] : sections) {
+        std::set<std::string> taken;
+        for (const Key& key : DescriptionKeys())
+            if (key.section == section)
+                taken.insert(std::string(key.name));
+        EXPECT_EQ(KeysInGuideUnder(guide, heading), taken) << heading;
+    }
 }
 
 // The bits of the register block a description's fields take, in every colour copy.

@@ -1,0 +1,482 @@
+// The key table and the kinds of value its keys take.
+#include "descriptions/ChipDescriptionKeys.h"
+
+#include "descriptions/ChipDescriptionParser.h"
+#include "descriptions/DescriptionReadouts.h"
+
+#include <algorithm>
+#include <charconv>
+#include <climits>
+#include <type_traits>
+#include <utility>
+
+namespace chipdesc {
+
+namespace detail {
+
+bool IsSpace(char c) {
+    return c == ' ' || c == '\t';
+}
+
+std::string_view Trim(std::string_view text) {
+    while (!text.empty() && IsSpace(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && IsSpace(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+bool ParseInt(std::string_view text, int& value) {
+    bool negative = false;
+    if (!text.empty() && text.front() == '-') {
+        negative = true;
+        text.remove_prefix(1);
+    }
+    int base = 10;
+    if (text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X')) {
+        base = 16;
+        text.remove_prefix(2);
+    }
+    if (text.empty())
+        return false;
+    long long parsed = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), parsed, base);
+    if (error != std::errc() || end != text.data() + text.size() || parsed > 0xFFFFFF)
+        return false;
+    value = static_cast<int>(negative ? -parsed : parsed);
+    return true;
+}
+
+bool ParseStep(std::string_view text, double& value) {
+    int whole = 0;
+    const std::size_t point = text.find('.');
+    if (!ParseInt(text.substr(0, point), whole) || whole < 0)
+        return false;
+    double fraction = 0;
+    if (point != std::string_view::npos) {
+        std::string_view decimals = text.substr(point + 1);
+        if (decimals.empty() || decimals.size() > 6)
+            return false;
+        double scale = 0.1;
+        for (const char c : decimals) {
+            if (c < '0' || c > '9')
+                return false;
+            fraction += (c - '0') * scale;
+            scale /= 10;
+        }
+    }
+    value = whole + fraction;
+    return value > 0;
+}
+
+namespace {
+
+bool IsNameChar(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '-';
+}
+
+} // namespace
+
+bool IsName(std::string_view text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), IsNameChar);
+}
+
+bool SplitWords(std::string_view text, std::vector<std::string_view>& words) {
+    words.clear();
+    std::size_t i = 0;
+    while (i < text.size()) {
+        if (IsSpace(text[i])) {
+            ++i;
+            continue;
+        }
+        const std::size_t start = i;
+        if (text[i] == '"') {
+            const std::size_t close = text.find('"', i + 1);
+            if (close == std::string_view::npos)
+                return false;
+            i = close + 1;
+            if (i < text.size() && !IsSpace(text[i]))
+                return false;
+        } else {
+            while (i < text.size() && !IsSpace(text[i]))
+                ++i;
+        }
+        words.push_back(text.substr(start, i - start));
+    }
+    return true;
+}
+
+bool IsQuoted(std::string_view word) {
+    return word.size() >= 2 && word.front() == '"' && word.back() == '"';
+}
+
+namespace {
+
+// One copy of a run: "2[7:3]" or "3[0]".
+bool ParseCopy(std::string_view text, BitCopy& copy, int& width) {
+    const std::size_t open = text.find('[');
+    if (open == std::string_view::npos || text.back() != ']')
+        return false;
+    int byte = 0;
+    if (!ParseInt(text.substr(0, open), byte) || byte < 0 || byte > 0xFFFF)
+        return false;
+    const std::string_view inside = text.substr(open + 1, text.size() - open - 2);
+    const std::size_t colon = inside.find(':');
+    int msb = 0;
+    int lsb = 0;
+    if (!ParseInt(inside.substr(0, colon), msb))
+        return false;
+    lsb = msb;
+    if (colon != std::string_view::npos && !ParseInt(inside.substr(colon + 1), lsb))
+        return false;
+    if (lsb < 0 || msb > 7 || msb < lsb)
+        return false;
+    copy = {static_cast<std::uint16_t>(byte), static_cast<std::uint8_t>(lsb)};
+    width = msb - lsb + 1;
+    return true;
+}
+
+} // namespace
+
+bool ParsePosition(std::string_view text, Position& position) {
+    std::vector<std::string_view> runs;
+    if (!SplitWords(text, runs) || runs.empty())
+        return false;
+    for (std::string_view runText : runs) {
+        BitRun run;
+        while (true) {
+            const std::size_t equals = runText.find('=');
+            BitCopy copy;
+            int width = 0;
+            if (!ParseCopy(runText.substr(0, equals), copy, width))
+                return false;
+            if (run.copies.empty())
+                run.width = static_cast<std::uint8_t>(width);
+            else if (run.width != width)
+                return false;
+            run.copies.push_back(copy);
+            if (equals == std::string_view::npos)
+                break;
+            runText.remove_prefix(equals + 1);
+        }
+        position.runs.push_back(std::move(run));
+    }
+    return true;
+}
+
+bool Refuse(std::optional<ParseError>& error, int line, ErrorCode code, std::string_view detail) {
+    if (!error)
+        error = ParseError{line, code, std::string(detail)};
+    return false;
+}
+
+bool KeyValue::StringId(std::string_view word, std::string& out) {
+    if (!IsName(word))
+        return Fail(word);
+    out = std::string(word);
+    if (known && !known(word))
+        return Fail(word, ErrorCode::UnknownStringId);
+    return true;
+}
+
+bool KeyValue::Text(std::string_view word, Item& out) {
+    if (IsQuoted(word)) {
+        out = {std::string(word.substr(1, word.size() - 2)), true};
+        return !out.text.empty() || Fail(word);
+    }
+    out.literal = false;
+    return StringId(word, out.text);
+}
+
+bool KeyValue::Id(std::string_view word, int& out) {
+    if (!ParseInt(word, out) || out < 1 || out > 0xFFFF)
+        return Fail(word);
+    return true;
+}
+
+namespace {
+
+// ---- the kinds of value, each read into the member it is given ----------------------------------
+
+// The member in the page, in the field being read or in its draft.
+template <class Owner, class T> T& Into(KeyValue& v, T Owner::*member) {
+    if constexpr (std::is_same_v<Owner, Page>)
+        return v.page.*member;
+    else if constexpr (std::is_same_v<Owner, Field>)
+        return v.draft->field.*member;
+    else
+        return v.draft->*member;
+}
+
+// A name of letters, digits, '_' and (unless refused) '-'.
+template <auto member, bool dashes = true> bool Name(KeyValue& v) {
+    if (!IsName(v.value) || (!dashes && v.value.find('-') != std::string_view::npos))
+        return v.Fail(v.value);
+    Into(v, member) = std::string(v.value);
+    return true;
+}
+
+template <auto member> bool StringId(KeyValue& v) {
+    return v.StringId(v.value, Into(v, member));
+}
+
+// As many string ids as the member holds.
+template <auto member> bool StringIds(KeyValue& v) {
+    auto& ids = Into(v, member);
+    if (v.words.size() != ids.size())
+        return v.Fail(v.value);
+    for (std::size_t i = 0; i < ids.size(); ++i)
+        if (!v.StringId(v.words[i], ids[i]))
+            return false;
+    return true;
+}
+
+template <auto member> bool Text(KeyValue& v) {
+    return v.Text(v.value, Into(v, member));
+}
+
+template <auto member> bool Texts(KeyValue& v) {
+    for (std::string_view word : v.words) {
+        Item item;
+        if (!v.Text(word, item))
+            return false;
+        Into(v, member).push_back(std::move(item));
+    }
+    return true;
+}
+
+template <auto member, int lowest = INT_MIN, int highest = INT_MAX> bool Number(KeyValue& v) {
+    int parsed = 0;
+    if (!ParseInt(v.value, parsed) || parsed < lowest || parsed > highest)
+        return v.Fail(v.value);
+    Into(v, member) = parsed;
+    return true;
+}
+
+template <auto member> bool Step(KeyValue& v) {
+    return ParseStep(v.value, Into(v, member)) || v.Fail(v.value);
+}
+
+// "MIN..MAX".
+template <auto minimum, auto maximum> bool Range(KeyValue& v) {
+    const std::size_t dots = v.value.find("..");
+    int& low = Into(v, minimum);
+    int& high = Into(v, maximum);
+    if (dots == std::string_view::npos || !ParseInt(Trim(v.value.substr(0, dots)), low) ||
+        !ParseInt(Trim(v.value.substr(dots + 2)), high) || low > high)
+        return v.Fail(v.value);
+    return true;
+}
+
+template <auto member> bool Id(KeyValue& v) {
+    return v.Id(v.value, Into(v, member));
+}
+
+template <auto member> bool Ids(KeyValue& v) {
+    if (v.words.empty())
+        return v.Fail(v.value);
+    for (std::string_view word : v.words) {
+        int id = 0;
+        if (!v.Id(word, id))
+            return false;
+        Into(v, member).push_back(id);
+    }
+    return true;
+}
+
+// One of the words a table lists, stored as what the table gives for it.
+template <auto member, const auto& words> bool Word(KeyValue& v) {
+    for (const auto& [word, meaning] : words)
+        if (v.value == word) {
+            Into(v, member) = meaning;
+            return true;
+        }
+    return v.Fail(v.value);
+}
+
+// Any of a table's words, each setting its flag.
+template <const auto& flags> bool Flags(KeyValue& v) {
+    for (std::string_view word : v.words) {
+        const auto found = std::find_if(std::begin(flags), std::end(flags),
+                                        [&](const auto& flag) { return flag.first == word; });
+        if (found == std::end(flags))
+            return v.Fail(word);
+        Into(v, found->second) = true;
+    }
+    return true;
+}
+
+// The name of one of the module's read-out routines.
+template <auto member, bool (*known)(std::string_view)> bool Routine(KeyValue& v) {
+    if (!known(v.value))
+        return v.Fail(v.value);
+    Into(v, member) = std::string(v.value);
+    return true;
+}
+
+// A record, or a host value.
+template <auto member> bool Record(KeyValue& v) {
+    const auto source = SourceNamed(v.value);
+    if (!source)
+        return v.Fail(v.value);
+    Into(v, member) = *source;
+    return true;
+}
+
+// Records, each once, in order; host values too where they may be.
+template <auto member, bool hostValues, bool required> bool Records(KeyValue& v) {
+    std::vector<Source>& out = Into(v, member);
+    out.clear();
+    for (std::string_view word : v.words) {
+        const auto source = SourceNamed(word);
+        if (!source || (!hostValues && IsHostValue(*source)) ||
+            std::find(out.begin(), out.end(), *source) != out.end())
+            return v.Fail(word);
+        out.push_back(*source);
+    }
+    return !required || !out.empty() || v.Fail(v.value);
+}
+
+// "caption", or "model" and the string id shown after the model.
+template <auto title, auto text> bool PageTitle(KeyValue& v) {
+    if (v.words.size() == 1 && v.words[0] == "caption") {
+        Into(v, title) = Title::Caption;
+        return true;
+    }
+    if (v.words.size() == 2 && v.words[0] == "model") {
+        Into(v, title) = Title::Model;
+        return v.StringId(v.words[1], Into(v, text));
+    }
+    return v.Fail(v.value);
+}
+
+// A coding's word, then its argument for those that take one.
+template <auto coding, auto argument> bool CodingWithArgument(KeyValue& v) {
+    static constexpr std::pair<std::string_view, Coding> kCodings[] = {{"plain", Coding::Plain},
+                                                                       {"invert", Coding::Invert},
+                                                                       {"xor", Coding::Xor},
+                                                                       {"offset", Coding::Offset},
+                                                                       {"set", Coding::Set}};
+    for (const auto& [name, code] : kCodings) {
+        if (v.words[0] != name)
+            continue;
+        Into(v, coding) = code;
+        const bool takesArgument = code == Coding::Xor || code == Coding::Offset || code == Coding::Set;
+        if (v.words.size() != (takesArgument ? 2u : 1u))
+            return v.Fail(v.value);
+        int& value = Into(v, argument);
+        if (takesArgument && (!ParseInt(v.words[1], value) || (code != Coding::Offset && value < 0) ||
+                              value > 0xFFFF || value < -0xFFFF))
+            return v.Fail(v.words[1]);
+        return true;
+    }
+    return v.Fail(v.value);
+}
+
+// Positions: one, or red's, green's and blue's separated by '|'.
+template <auto member> bool Bits(KeyValue& v) {
+    std::vector<Position>& alternatives = Into(v, member);
+    std::size_t start = 0;
+    while (true) {
+        const std::size_t bar = v.value.find('|', start);
+        const std::string_view text = Trim(v.value.substr(start, bar - start));
+        Position position;
+        if (!ParsePosition(text, position))
+            return v.Fail(text, ErrorCode::BadBits);
+        alternatives.push_back(std::move(position));
+        if (bar == std::string_view::npos)
+            break;
+        start = bar + 1;
+    }
+    if (alternatives.size() != 1 && alternatives.size() != kColourCount)
+        return v.Fail(v.value, ErrorCode::BadBits);
+    return true;
+}
+
+constexpr std::pair<std::string_view, bool> kYesNo[] = {{"yes", true}, {"no", false}};
+constexpr std::pair<std::string_view, Notice> kNotices[] = {{"always", Notice::Always},
+                                                            {"either", Notice::Either}};
+constexpr std::pair<std::string_view, bool> kSwitchesPerClass[] = {{"class", true}, {"page", false}};
+constexpr std::pair<std::string_view, bool Page::*> kButtons[] = {{"default", &Page::defaultButton},
+                                                                  {"ok-cancel", &Page::okCancel}};
+constexpr std::pair<std::string_view, Colours> kColours[] = {{"none", Colours::None},
+                                                             {"equal", Colours::Equal},
+                                                             {"separate", Colours::Separate},
+                                                             {"linked", Colours::Linked}};
+constexpr std::pair<std::string_view, Control> kControls[] = {
+    {"none", Control::None},   {"slider", Control::Slider}, {"check", Control::Check},
+    {"combo", Control::Combo}, {"number", Control::Number}, {"hex", Control::Hex}};
+constexpr std::pair<std::string_view, std::string_view> kHostRanges[] = {{"gain", "gain"}};
+constexpr std::pair<std::string_view, OnFill> kOnFill[] = {{"rewrite", OnFill::Rewrite},
+                                                           {"count", OnFill::HostCount}};
+
+constexpr Section P = Section::Page;
+constexpr Section F = Section::Field;
+
+// A new key is a row here and one in docs/chip-descriptions.md (a test compares the two), and a check
+// in ChipDescriptionChecks.cpp when it depends on other keys.
+constexpr Key kKeys[] = {
+    {"class", P, Name<&Page::className, false>, "the page class described"},
+    {"title", P, PageTitle<&Page::title, &Page::titleString>, "the caption, or the chip model and a text"},
+    {"colour-labels", P, StringIds<&Page::colourLabels>, "the texts above the red, green and blue columns"},
+    {"stride", P, Number<&Page::stride, 1, 64>, "bytes from one colour's copy of a register to the next"},
+    {"link", P, StringId<&Page::link>, "the link switch's text; linked controls move together with it on"},
+    {"link-id", P, Id<&Page::linkId>, "the link switch's control id"},
+    {"change-test", P, Records<&Page::changeTest, true, true>, "what the change test compares, in order"},
+    {"carry", P, Records<&Page::carry, false, false>, "records handed back unchanged with every write"},
+    {"notice", P, Word<&Page::notice, kNotices>, "how the host hears that the chip changed"},
+    {"refresh-after-change", P, Word<&Page::refreshAfterChange, kYesNo>,
+     "every control read again after a change"},
+    {"refresh-reads", P, Records<&Page::refreshReads, false, true>,
+     "what a fill from the chip reads, in order"},
+    {"default-id", P, Id<&Page::defaultId>, "the Default button's control id"},
+    {"switches", P, Word<&Page::switchesPerClass, kSwitchesPerClass>,
+     "switches kept for the class or the page"},
+    {"buttons", P, Flags<kButtons>, "the page's Default, OK and Cancel buttons"},
+
+    {"label", F, Text<&Field::label>, "the row's text"},
+    {"label-id", F, Id<&Field::labelId>, "the label's control id"},
+    {"record", F, Record<&Field::source>, "the record the field lives in, or the host value it shows"},
+    {"bits", F, Bits<&FieldDraft::alternatives>, "the field's bits in its record"},
+    {"colours", F, Word<&Field::colours, kColours>, "one value, or one per colour, and how they move"},
+    {"stride", F, Number<&FieldDraft::fieldStride, 1, 64>, "the field's own colour stride"},
+    {"coding", F, CodingWithArgument<&Field::coding, &Field::codingArgument>,
+     "how the chip stores the value"},
+    {"range", F, Range<&Field::minimum, &Field::maximum>, "the values the control offers"},
+    {"cut-to-width", F, Word<&Field::cutToWidth, kYesNo>,
+     "a range wider than the field, its low bits stored"},
+    {"host-range", F, Word<&Field::hostRange, kHostRanges>, "the range the host gives, within the field's"},
+    {"default", F, Number<&Field::defaultValue>, "what the Default button writes"},
+    {"control", F, Word<&Field::control, kControls>, "the control that edits the field"},
+    {"items", F, Texts<&Field::items>, "the combo's items, in value order"},
+    {"step", F, Step<&Field::step>, "the numeric edit's step"},
+    {"unit", F, Text<&Field::unit>, "the unit shown after the number"},
+    {"readout", F, Routine<&Field::readout, IsReadout>, "the read-out routine shown next to each control"},
+    {"ids", F, Ids<&Field::ids>, "the controls' ids"},
+    {"readout-ids", F, Ids<&Field::readoutIds>, "the read-outs' control ids"},
+    {"current", F, Routine<&Field::current, IsCurrentReadout>, "the output-current read-out routine"},
+    {"current-switch-id", F, Id<&Field::currentSwitchId>, "the output-current switch's control id"},
+    {"reference-ids", F, Ids<&Field::referenceIds>, "the reference edits' control ids"},
+    {"fraction-ids", F, Ids<&Field::fractionIds>, "the gain fractions' control ids"},
+    {"current-ids", F, Ids<&Field::currentIds>, "the output currents' control ids"},
+    {"group", F, Text<&Field::group>, "the title of the box around consecutive fields of a group"},
+    {"on-fill", F, Word<&Field::onFill, kOnFill>, "what each fill from the chip writes into the field"},
+    {"show-if", F, Name<&FieldDraft::showIfName>, "the field whose non-zero value shows this one"},
+};
+
+} // namespace
+
+} // namespace detail
+
+std::span<const Key> DescriptionKeys() {
+    return detail::kKeys;
+}
+
+const Key* FindKey(Section section, std::string_view name) {
+    for (const Key& key : detail::kKeys)
+        if (key.section == section && key.name == name)
+            return &key;
+    return nullptr;
+}
+
+} // namespace chipdesc

@@ -1,0 +1,178 @@
+// Reading a description's lines: sections, keys through the key table, and the refusals of text that
+// is no description at all.
+#include "descriptions/ChipDescriptionParser.h"
+
+#include <algorithm>
+
+namespace chipdesc {
+
+namespace detail {
+
+namespace {
+
+// A trailing comment starts with '#' after a blank, outside quotes.
+std::string_view StripTrailingComment(std::string_view line) {
+    bool quoted = false;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (line[i] == '"')
+            quoted = !quoted;
+        else if (line[i] == '#' && !quoted && (i == 0 || IsSpace(line[i - 1])))
+            return line.substr(0, i);
+    }
+    return line;
+}
+
+// Where the first byte that is not UTF-8 text is: a control character other than tab, CR and LF, or
+// a malformed sequence.
+std::size_t FirstNonText(std::string_view text) {
+    std::size_t i = 0;
+    while (i < text.size()) {
+        const auto c = static_cast<unsigned char>(text[i]);
+        if (c < 0x80) {
+            if (c < 0x20 && c != '\t' && c != '\r' && c != '\n')
+                return i;
+            if (c == 0x7F)
+                return i;
+            ++i;
+            continue;
+        }
+        int length = 0;
+        if ((c & 0xE0) == 0xC0 && c >= 0xC2)
+            length = 2;
+        else if ((c & 0xF0) == 0xE0)
+            length = 3;
+        else if ((c & 0xF8) == 0xF0 && c <= 0xF4)
+            length = 4;
+        else
+            return i;
+        if (i + length > text.size())
+            return i;
+        for (int k = 1; k < length; ++k)
+            if ((static_cast<unsigned char>(text[i + k]) & 0xC0) != 0x80)
+                return i;
+        i += length;
+    }
+    return std::string_view::npos;
+}
+
+int LineOfOffset(std::string_view text, std::size_t offset) {
+    return 1 + static_cast<int>(
+                   std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(offset), '\n'));
+}
+
+} // namespace
+
+ParseResult Parser::Run(std::string_view text) {
+    if (!ReadText(text) || !CheckSections())
+        return *m_error;
+    for (FieldDraft& draft : m_drafts)
+        if (!FinishField(draft))
+            return *m_error;
+    if (!ConnectFields() || !CheckPageKeys() || !CheckOverlaps() || !CheckIds())
+        return *m_error;
+    for (FieldDraft& draft : m_drafts)
+        m_description.fields.push_back(std::move(draft.field));
+    if (!CheckRefreshReads())
+        return *m_error;
+    CompleteChangeTest();
+    return std::move(m_description);
+}
+
+bool Parser::ReadText(std::string_view text) {
+    if (text.size() > kMaxDescriptionBytes)
+        return Fail(1, ErrorCode::TooLarge, std::to_string(text.size()));
+    if (text.substr(0, 3) == "\xEF\xBB\xBF")
+        text.remove_prefix(3);
+    if (const std::size_t bad = FirstNonText(text); bad != std::string_view::npos)
+        return Fail(LineOfOffset(text, bad), ErrorCode::NotText, "");
+    int number = 0;
+    std::size_t start = 0;
+    while (start < text.size() && !m_error) {
+        const std::size_t end = std::min(text.find('\n', start), text.size());
+        std::string_view line = text.substr(start, end - start);
+        if (!line.empty() && line.back() == '\r')
+            line.remove_suffix(1);
+        ++number;
+        if (line.size() > kMaxLineChars)
+            return Fail(number, ErrorCode::LineTooLong, std::to_string(line.size()));
+        Line(number, line);
+        start = end + 1;
+    }
+    m_lastLine = std::max(1, number);
+    return !m_error;
+}
+
+bool Parser::Line(int number, std::string_view line) {
+    line = Trim(line);
+    if (line.empty() || line.front() == '#' || line.front() == ';')
+        return true;
+    line = Trim(StripTrailingComment(line));
+    if (line.empty())
+        return true;
+    if (line.front() == '[') {
+        if (line.back() != ']')
+            return Fail(number, ErrorCode::Syntax, line);
+        return Header(number, Trim(line.substr(1, line.size() - 2)));
+    }
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos)
+        return Fail(number, ErrorCode::Syntax, line);
+    const std::string_view key = Trim(line.substr(0, equals));
+    const std::string_view value = Trim(line.substr(equals + 1));
+    if (!IsName(key))
+        return Fail(number, ErrorCode::Syntax, line);
+    if (value.empty())
+        return Fail(number, ErrorCode::BadValue, key);
+    if (!m_section)
+        return Fail(number, ErrorCode::Syntax, line);
+    auto& keyLines = *m_section == Section::Page ? m_page.keyLines : m_drafts.back().keyLines;
+    if (keyLines.count(key))
+        return Fail(number, ErrorCode::DuplicateKey, key);
+    keyLines.emplace(std::string(key), number);
+    return KeyLine(number, key, value);
+}
+
+bool Parser::Header(int number, std::string_view name) {
+    if (name == "page") {
+        if (m_havePage)
+            return Fail(number, ErrorCode::DuplicateKey, "[page]");
+        m_havePage = true;
+        m_page.line = number;
+        m_section = Section::Page;
+        return true;
+    }
+    if (name.substr(0, 6) == "field " || name.substr(0, 6) == "field\t") {
+        const std::string_view fieldName = Trim(name.substr(6));
+        if (!IsName(fieldName))
+            return Fail(number, ErrorCode::BadValue, fieldName);
+        for (const FieldDraft& draft : m_drafts)
+            if (draft.field.name == fieldName)
+                return Fail(number, ErrorCode::DuplicateName, fieldName);
+        FieldDraft draft;
+        draft.field.name = std::string(fieldName);
+        draft.field.line = number;
+        m_drafts.push_back(std::move(draft));
+        m_section = Section::Field;
+        return true;
+    }
+    return Fail(number, ErrorCode::UnknownSection, name);
+}
+
+bool Parser::KeyLine(int number, std::string_view key, std::string_view value) {
+    FieldDraft* draft = *m_section == Section::Field ? &m_drafts.back() : nullptr;
+    KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error};
+    if (!SplitWords(value, keyValue.words))
+        return Fail(number, ErrorCode::BadValue, value);
+    const Key* found = FindKey(*m_section, key);
+    if (!found)
+        return Fail(number, ErrorCode::UnknownKey, key);
+    return found->read(keyValue);
+}
+
+} // namespace detail
+
+ParseResult Parse(std::string_view text, const KnownStringId& known) {
+    return detail::Parser(known).Run(text);
+}
+
+} // namespace chipdesc

@@ -1,0 +1,125 @@
+// The chip-description parser's insides, shared by its files: reading words and numbers, the drafts
+// a file's sections fill, and the parser that reads the lines, then finishes and checks the whole.
+#pragma once
+
+#include "descriptions/ChipDescription.h"
+#include "descriptions/ChipDescriptionKeys.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace chipdesc::detail {
+
+inline constexpr int kMaxFieldBits = 16;
+
+std::optional<Source> SourceNamed(std::string_view name);
+
+bool IsSpace(char c);
+std::string_view Trim(std::string_view text);
+// Decimal, or hexadecimal after 0x; an optional minus sign.
+bool ParseInt(std::string_view text, int& value);
+// A small positive decimal: digits, at most one point.
+bool ParseStep(std::string_view text, double& value);
+// Letters, digits, '-' and '_'.
+bool IsName(std::string_view text);
+// Words separated by blanks; a "quoted text" is one word, kept with its quotes. False for a quote
+// not closed or not followed by a blank.
+bool SplitWords(std::string_view text, std::vector<std::string_view>& words);
+bool IsQuoted(std::string_view word);
+// One colour's bits: runs, most significant first, each "BYTE[MSB:LSB]" or several joined by '='.
+bool ParsePosition(std::string_view text, Position& position);
+
+// Keeps the first refusal; always false.
+bool Refuse(std::optional<ParseError>& error, int line, ErrorCode code, std::string_view detail);
+
+// What a field's keys said, with the line of each key, until the whole file is read.
+struct FieldDraft {
+    Field field;
+    std::map<std::string, int, std::less<>> keyLines;
+    std::vector<Position> alternatives; // from bits: one, or one per colour
+    int fieldStride = -1;
+    std::string showIfName;
+
+    int LineOf(std::string_view key) const {
+        const auto found = keyLines.find(key);
+        return found != keyLines.end() ? found->second : field.line;
+    }
+    bool Has(std::string_view key) const { return keyLines.find(key) != keyLines.end(); }
+};
+
+struct PageDraft {
+    int line = 0;
+    std::map<std::string, int, std::less<>> keyLines;
+    int LineOf(std::string_view key) const {
+        const auto found = keyLines.find(key);
+        return found != keyLines.end() ? found->second : line;
+    }
+};
+
+// One "key = value" line, while its value is read into the page or the field being read.
+struct KeyValue {
+    int line = 0;
+    std::string_view value;
+    std::vector<std::string_view> words; // of the value
+    Page& page;
+    FieldDraft* draft; // null in [page]
+    const KnownStringId& known;
+    std::optional<ParseError>& error;
+
+    bool Fail(std::string_view detail, ErrorCode code = ErrorCode::BadValue) {
+        return Refuse(error, line, code, detail);
+    }
+    bool StringId(std::string_view word, std::string& out);
+    // A string id, or a "quoted text" shown as written (for drafts: what we ship is translated).
+    bool Text(std::string_view word, Item& out);
+    // A control id.
+    bool Id(std::string_view word, int& out);
+};
+
+class Parser {
+public:
+    explicit Parser(const KnownStringId& known) : m_known(known) {}
+
+    ParseResult Run(std::string_view text);
+
+private:
+    bool Fail(int line, ErrorCode code, std::string_view detail) {
+        return Refuse(m_error, line, code, detail);
+    }
+
+    // Reading the lines (ChipDescriptionParser.cpp).
+    bool ReadText(std::string_view text);
+    bool Line(int number, std::string_view line);
+    bool Header(int number, std::string_view name);
+    bool KeyLine(int number, std::string_view key, std::string_view value);
+
+    // Finishing and checking what they said (ChipDescriptionChecks.cpp).
+    bool CheckSections();
+    bool FinishField(FieldDraft& draft);
+    bool FinishHostValue(FieldDraft& draft);
+    bool PlaceBits(FieldDraft& draft);
+    bool CheckBits(FieldDraft& draft);
+    bool FitRange(FieldDraft& draft);
+    bool CheckKeysAgree(FieldDraft& draft);
+    bool CheckCurrentKeys(FieldDraft& draft);
+    bool ConnectFields();
+    bool CheckPageKeys();
+    bool CheckOverlaps();
+    bool CheckIds();
+    bool CheckRefreshReads();
+    void CompleteChangeTest();
+
+    const KnownStringId& m_known;
+    std::optional<ParseError> m_error;
+    Description m_description;
+    std::optional<Section> m_section;
+    bool m_havePage = false;
+    PageDraft m_page;
+    std::vector<FieldDraft> m_drafts;
+    int m_lastLine = 1;
+};
+
+} // namespace chipdesc::detail
