@@ -12,16 +12,14 @@ namespace {
 struct SourceInfo {
     Source source;
     std::string_view name;
-    std::size_t bytes;
 };
-// Sizes are the host's buffer sizes of each get/set pair.
 constexpr std::array<SourceInfo, kSourceCount> kSources{{
-    {Source::Block, "block", 16},
-    {Source::RecordA, "record-a", 16},
-    {Source::RecordB, "record-b", 16},
-    {Source::Large, "large", 128},
-    {Source::Record20, "record20", 20},
-    {Source::SliderValue, "slider-value", 0},
+    {Source::Block, "block"},
+    {Source::RecordA, "record-a"},
+    {Source::RecordB, "record-b"},
+    {Source::Large, "large"},
+    {Source::Record20, "record20"},
+    {Source::SliderValue, "slider-value"},
 }};
 
 } // namespace
@@ -35,10 +33,6 @@ std::optional<Source> detail::SourceNamed(std::string_view name) {
 
 std::string_view SourceName(Source source) {
     return kSources[static_cast<std::size_t>(source)].name;
-}
-
-std::size_t SourceBytes(Source source) {
-    return kSources[static_cast<std::size_t>(source)].bytes;
 }
 
 int Field::Width() const {

@@ -8,6 +8,8 @@
 // coding. No Win32 here.
 #pragma once
 
+#include "host/HostRecord.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -21,16 +23,15 @@
 
 namespace chipdesc {
 
-// Where a field lives. The first five are the host's register records, read and written whole; the
-// last is a value the host reports and the page only shows.
-enum class Source : std::uint8_t { Block, RecordA, RecordB, Large, Record20, SliderValue };
-inline constexpr std::size_t kSourceCount = 6;
+// Where a field lives: one of the host's register records, read and written whole, or the value the
+// host reports, which the page only shows.
+using Source = HostRecord;
+inline constexpr std::size_t kSourceCount = kHostRecordCount;
 
 std::string_view SourceName(Source source);
 // Bytes of a record (0 for a host value, which has no bytes).
-std::size_t SourceBytes(Source source);
-inline bool IsHostValue(Source source) {
-    return source == Source::SliderValue;
+inline std::size_t SourceBytes(Source source) {
+    return HostRecordBytes(source);
 }
 
 // Bits [lsb, lsb + width) of one byte.

@@ -1,7 +1,7 @@
 #include "descriptions/DescriptionReadouts.h"
 
-#include "descriptions/Fm612xReadouts.h"
-#include "dialogs/common/Readouts.h"
+#include "readouts/Fm612xReadouts.h"
+#include "readouts/Mbi5153Readouts.h"
 
 #include <array>
 

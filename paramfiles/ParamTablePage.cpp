@@ -77,9 +77,10 @@ private:
 
 } // namespace
 
+// The table runs the change test; the block is still read as the page opens, as hosts have seen.
 CParamTablePage::CParamTablePage(UINT templateId, IRegvane* chip, HWND parent, const wchar_t* caption,
                                  ParamTableKind kind)
-    : CChipDialog(templateId, chip, parent, caption, SnapshotScope::BlockOnly), m_kind(kind),
+    : CChipDialog(templateId, chip, parent, caption, {HostRecord::Block}), m_kind(kind),
       m_table(MakeTable(kind, chip)) {}
 
 void CParamTablePage::OnInitControls() {

@@ -10,43 +10,18 @@
 
 namespace {
 
-constexpr UINT kRefreshMessage = 0x0903;
 constexpr UINT kReadAgainButton = 8025;
 constexpr UINT kRestoreButton = 8026;
 // The plain caption of the first register, which the chip's own CFG1 caption replaces.
 constexpr int kRegister1PlainCaption = 20607;
 
-// The editor's three sources are the host's first three records.
-HostRecord RecordOf(RawByteSource source) {
-    return static_cast<HostRecord>(source);
-}
-static_assert(static_cast<int>(RawByteSource::RecordB) == static_cast<int>(HostRecord::RecordB));
-
 } // namespace
-
-CchipRegModify::Record& CchipRegModify::Records::Of(RawByteSource source) {
-    switch (source) {
-    case RawByteSource::RecordA:
-        return recordA;
-    case RawByteSource::RecordB:
-        return recordB;
-    case RawByteSource::Block:
-        break;
-    }
-    return block;
-}
 
 CchipRegModify::CchipRegModify(IRegvane* chip, HWND parent) : CchipRegModify(chip, parent, kTemplateId) {}
 
 CchipRegModify::CchipRegModify(IRegvane* chip, HWND parent, UINT templateId)
-    : CDialog(templateId, parent), m_chip(chip) {
-    if (m_chip) {
-        Record recordA{};
-        m_chip->GetRegData(m_snapshotBlock.data());
-        m_chip->GetRegDataEx(recordA.data());
-        std::memcpy(m_snapshotRecordA.data(), recordA.data(), m_snapshotRecordA.size());
-    }
-}
+    : CDialog(templateId, parent), m_chip(chip),
+      m_changes(chip, {HostRecord::Block, {HostRecord::RecordA, 4}}) {}
 
 void CchipRegModify::DoDataExchange(CDataExchange* dx) {
     for (std::size_t i = 0; i < kRawByteFields.size(); ++i)
@@ -92,7 +67,7 @@ bool CchipRegModify::OnCommand(UINT notifyCode, UINT id, HWND control) {
 }
 
 bool CchipRegModify::OnUserMessage(UINT message, WPARAM, LPARAM, LRESULT& result) {
-    if (message != kRefreshMessage)
+    if (message != kRefreshFromChipMessage)
         return false;
     Refresh();
     result = 0;
@@ -100,27 +75,18 @@ bool CchipRegModify::OnUserMessage(UINT message, WPARAM, LPARAM, LRESULT& result
 }
 
 CchipRegModify::Records CchipRegModify::ReadRecords() const {
-    Records records;
+    Records records{};
     if (m_chip)
-        for (const RawByteSource source :
-             {RawByteSource::Block, RawByteSource::RecordA, RawByteSource::RecordB})
-            ReadRecord(source, records.Of(source));
+        for (const HostRecord record : {HostRecord::Block, HostRecord::RecordA, HostRecord::RecordB})
+            ReadHostRecord(*m_chip, record, records[static_cast<std::size_t>(record)].data());
     return records;
 }
 
-void CchipRegModify::ReadRecord(RawByteSource source, Record& record) const {
-    ReadHostRecord(*m_chip, RecordOf(source), record.data());
-}
-
-void CchipRegModify::WriteRecord(RawByteSource source, Record& record) const {
-    WriteHostRecord(*m_chip, RecordOf(source), record.data());
-}
-
 void CchipRegModify::Refresh() {
-    Records records = ReadRecords();
+    const Records records = ReadRecords();
     for (std::size_t i = 0; i < kRawByteFields.size(); ++i) {
         const RawByteField& field = kRawByteFields[i];
-        m_texts[i] = FormatRawByte(records.Of(field.source)[field.byte]);
+        m_texts[i] = FormatRawByte(records[static_cast<std::size_t>(field.source)][field.byte]);
     }
     UpdateData(FALSE);
 }
@@ -143,10 +109,10 @@ void CchipRegModify::OnByteEdited(std::size_t field) {
     // Only the record the byte belongs to goes to and from the host.
     const RawByteField& where = kRawByteFields[field];
     Record record{};
-    ReadRecord(where.source, record);
+    ReadHostRecord(*m_chip, where.source, record.data());
     record[where.byte] = *value;
-    WriteRecord(where.source, record);
-    NotifyIfChanged();
+    WriteHostRecord(*m_chip, where.source, record.data());
+    m_changes.NotifyIfChanged();
 }
 
 void CchipRegModify::OnPreset() {
@@ -156,35 +122,17 @@ void CchipRegModify::OnPreset() {
     m_chip->GetRegData(block.data());
     std::memcpy(block.data() + kRawPresetFirstByte, kRawPresetBytes.data(), kRawPresetBytes.size());
     m_chip->SetRegData(block.data());
-    NotifyIfChanged();
+    m_changes.NotifyIfChanged();
     Refresh();
 }
 
-// Puts back what the chip held when the page opened (the block and the bytes of record A that the
-// change test covers).
+// Puts back what the chip held when the page opened, as far as the change test covers it.
 void CchipRegModify::OnRestore() {
     if (!m_chip || !m_initialized)
         return;
-    Record block = m_snapshotBlock;
-    m_chip->SetRegData(block.data());
-    Record recordA{};
-    m_chip->GetRegDataEx(recordA.data());
-    std::memcpy(recordA.data(), m_snapshotRecordA.data(), m_snapshotRecordA.size());
-    m_chip->SetRegDataEx(recordA.data());
-    NotifyIfChanged();
+    m_changes.Restore();
+    m_changes.NotifyIfChanged();
     Refresh();
-}
-
-void CchipRegModify::NotifyIfChanged() {
-    Record block{};
-    Record recordA{};
-    m_chip->GetRegData(block.data());
-    m_chip->GetRegDataEx(recordA.data());
-    const bool same = std::memcmp(block.data(), m_snapshotBlock.data(), kRegDataBytes) == 0 &&
-                      std::memcmp(recordA.data(), m_snapshotRecordA.data(), m_snapshotRecordA.size()) == 0;
-    if (!same)
-        m_chip->MarkModified();
-    m_chip->UpdateHostState(1, 1);
 }
 
 void CchipRegModify::ApplyRegisterKind(int kind) {

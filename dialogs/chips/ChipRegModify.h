@@ -4,6 +4,7 @@
 #pragma once
 
 #include "dialogs/chips/ChipRegModifyModel.h"
+#include "dialogs/common/ChangeTracker.h"
 #include "framework/Dialog.h"
 #include "host/IRegvane.h"
 
@@ -32,27 +33,21 @@ private:
     // Every record buffer is large enough for any of the three get/set pairs it is handed to.
     static constexpr std::size_t kRecordBytes = std::max({kRegDataBytes, kRegDataExBytes, kRegData3Bytes});
     using Record = std::array<std::uint8_t, kRecordBytes>;
-    struct Records {
-        Record block{};
-        Record recordA{};
-        Record recordB{};
-        Record& Of(RawByteSource source);
-    };
+    // Indexed by the host record; the editor's bytes live in the first three.
+    using Records = std::array<Record, kHostRecordCount>;
 
     Records ReadRecords() const;
-    void ReadRecord(RawByteSource source, Record& record) const;
-    void WriteRecord(RawByteSource source, Record& record) const;
     void Refresh();
     void OnByteEdited(std::size_t field);
     void OnPreset();
     void OnRestore();
-    void NotifyIfChanged();
     void ApplyRegisterKind(int kind);
     void SetTitle();
 
     IRegvane* m_chip;
-    Record m_snapshotBlock{};
-    std::array<std::uint8_t, 4> m_snapshotRecordA{};
+    // The block and the first four bytes of record A: record B and the rest of record A are not
+    // part of the change test.
+    CChangeTracker m_changes;
     std::array<std::wstring, kRawByteFields.size()> m_texts;
     bool m_initialized = false;
 };

@@ -2,6 +2,8 @@
 // shows, how a typed byte is read, and which controls each register kind of the host shows.
 #pragma once
 
+#include "host/HostRecord.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -10,13 +12,10 @@
 #include <string>
 #include <string_view>
 
-// The host records a byte comes from: the register block, record A (GetRegDataEx) and record B
-// (GetRegData3).
-enum class RawByteSource { Block, RecordA, RecordB };
-
+// A byte comes from the register block, record A or record B.
 struct RawByteField {
     int editId;
-    RawByteSource source;
+    HostRecord source;
     std::size_t byte;
 };
 
@@ -24,14 +23,14 @@ struct RawByteField {
 // bytes apart (red, green, blue), the low byte first; the third register runs on into record A and
 // the fourth lives in record B.
 inline constexpr std::array<RawByteField, 24> kRawByteFields{{
-    {8543, RawByteSource::Block, 2},   {8068, RawByteSource::Block, 3},   {8069, RawByteSource::Block, 4},
-    {8070, RawByteSource::Block, 5},   {8544, RawByteSource::Block, 6},   {8072, RawByteSource::Block, 7},
-    {8545, RawByteSource::Block, 8},   {8074, RawByteSource::Block, 9},   {8075, RawByteSource::Block, 10},
-    {8076, RawByteSource::Block, 11},  {8077, RawByteSource::Block, 12},  {8078, RawByteSource::Block, 13},
-    {8079, RawByteSource::Block, 14},  {8080, RawByteSource::Block, 15},  {8081, RawByteSource::RecordA, 0},
-    {8082, RawByteSource::RecordA, 1}, {8083, RawByteSource::RecordA, 2}, {8084, RawByteSource::RecordA, 3},
-    {8085, RawByteSource::RecordB, 0}, {8086, RawByteSource::RecordB, 1}, {8087, RawByteSource::RecordB, 2},
-    {8088, RawByteSource::RecordB, 3}, {8089, RawByteSource::RecordB, 4}, {8090, RawByteSource::RecordB, 5},
+    {8543, HostRecord::Block, 2},   {8068, HostRecord::Block, 3},   {8069, HostRecord::Block, 4},
+    {8070, HostRecord::Block, 5},   {8544, HostRecord::Block, 6},   {8072, HostRecord::Block, 7},
+    {8545, HostRecord::Block, 8},   {8074, HostRecord::Block, 9},   {8075, HostRecord::Block, 10},
+    {8076, HostRecord::Block, 11},  {8077, HostRecord::Block, 12},  {8078, HostRecord::Block, 13},
+    {8079, HostRecord::Block, 14},  {8080, HostRecord::Block, 15},  {8081, HostRecord::RecordA, 0},
+    {8082, HostRecord::RecordA, 1}, {8083, HostRecord::RecordA, 2}, {8084, HostRecord::RecordA, 3},
+    {8085, HostRecord::RecordB, 0}, {8086, HostRecord::RecordB, 1}, {8087, HostRecord::RecordB, 2},
+    {8088, HostRecord::RecordB, 3}, {8089, HostRecord::RecordB, 4}, {8090, HostRecord::RecordB, 5},
 }};
 
 // The position of an edit in kRawByteFields, or nothing for any other control.

@@ -40,7 +40,7 @@ constexpr int kCurrentUpdateOrder[3][3] = {{0, 1, 2}, {1, 0, 2}, {2, 1, 0}};
 
 CRegvaneMbi5153::CRegvaneMbi5153(IRegvane* chip, const wchar_t* caption, HWND parent)
     : CChipDialog(kTemplateId, chip, parent, caption) {
-    TakeSettings(SnapshotBlock());
+    TakeSettings(Changes().Snapshot(HostRecord::Block));
     m_linkGains = 0;
     m_showCurrent = 0;
     for (CNumberEdit* edit : {&m_editResistanceRed, &m_editResistanceGreen, &m_editResistanceBlue}) {

@@ -19,13 +19,9 @@ std::wstring ChipModelName(IRegvane* chip) {
 }
 
 CChipDialog::CChipDialog(UINT templateId, IRegvane* chip, HWND parent, const wchar_t* caption,
-                         SnapshotScope scope)
-    : CDialog(templateId, parent), m_chip(chip), m_scope(scope), m_caption(caption ? caption : L"") {
-    if (m_scope != SnapshotScope::Nothing)
-        m_snapshotBlock = ReadBlock();
-    if (m_scope == SnapshotScope::BlockAndRecord)
-        m_snapshotRecord = ReadRecord();
-}
+                         std::vector<CoveredRecord> changeTest)
+    : CDialog(templateId, parent), m_chip(chip), m_changes(chip, std::move(changeTest)),
+      m_caption(caption ? caption : L"") {}
 
 RegBlock CChipDialog::ReadBlock() const {
     RegBlock block{};
@@ -60,27 +56,15 @@ std::pair<int, int> CChipDialog::HostGainRange() const {
 }
 
 bool CChipDialog::ChipDiffersFromSnapshot() {
-    // Both are read in any case: the host sees the same calls whatever changed.
-    const bool blockDiffers = ReadBlock() != m_snapshotBlock;
-    const bool recordDiffers = m_scope == SnapshotScope::BlockAndRecord && ReadRecord() != m_snapshotRecord;
-    return blockDiffers || recordDiffers;
+    return m_changes.ChipDiffers();
 }
 
 void CChipDialog::RestoreSnapshot() {
-    RegBlock block = m_snapshotBlock;
-    WriteBlock(block);
-    if (m_scope == SnapshotScope::BlockAndRecord) {
-        Record20 record = m_snapshotRecord;
-        WriteRecord(record);
-    }
+    m_changes.Restore();
 }
 
 int CChipDialog::NotifyIfChanged() {
-    if (!m_chip)
-        return 0;
-    if (ChipDiffersFromSnapshot())
-        m_chip->MarkModified();
-    return m_chip->UpdateHostState(1, 1);
+    return m_changes.Notify(ChipDiffersFromSnapshot());
 }
 
 bool CChipDialog::OnCommand(UINT notifyCode, UINT id, HWND control) {

@@ -11,7 +11,7 @@
 //   class CRegvaneFoo : public CChipDialog {
 //   public:
 //       CRegvaneFoo(IRegvane* chip, const wchar_t* caption, HWND parent)
-//           : CChipDialog(kFooTemplate, chip, parent, caption) { /* decode SnapshotBlock() */ }
+//           : CChipDialog(kFooTemplate, chip, parent, caption) { /* decode Changes().Snapshot(...) */ }
 //       const char* DialogClassName() const override { return "CRegvaneFoo"; }
 //   protected:
 //       void DoDataExchange(CDataExchange* dx) override;  // DDX_Control / DDX_Check / ... per control
@@ -31,10 +31,11 @@
 // `return CChipDialog::OnCommand(code, id, control);`. OK runs CloseAfterChangeTest(), Cancel
 // RestoreSnapshotAndClose(); a page button
 // RequestHostPage(n). A page whose change test covers other host records than the block and the
-// 20-byte record passes SnapshotScope::BlockOnly, snapshots its own records in its constructor and
+// 20-byte record names them to the constructor; one whose test covers more than host records
 // overrides ChipDiffersFromSnapshot() and RestoreSnapshot(); nothing else changes.
 #pragma once
 
+#include "dialogs/common/ChangeTracker.h"
 #include "framework/Dialog.h"
 #include "framework/NumberEdit.h"
 #include "host/IRegvane.h"
@@ -43,6 +44,7 @@
 #include <cstdint>
 #include <string>
 #include <utility>
+#include <vector>
 
 // The host asks a page to read the chip again (result 0).
 inline constexpr UINT kRefreshFromChipMessage = 0x0903;
@@ -61,18 +63,12 @@ using RegBlock = std::array<std::uint8_t, kRegDataBytes>;
 // 16 bytes followed by a 32-bit word, read and written whole.
 using Record20 = std::array<std::uint8_t, kRegData4Bytes>;
 
-enum class SnapshotScope {
-    BlockAndRecord, // the 16-byte block and the 20-byte record
-    BlockOnly,      // the block; the page snapshots and compares anything else itself
-    Nothing,        // the page snapshots and compares everything itself
-};
-
 class CChipDialog : public CDialog {
 public:
-    // The snapshot is read here, before the window exists. A null chip gives a page that shows
-    // zeros and never calls the host.
+    // The snapshot of the records the change test covers is read here, in their order, before the
+    // window exists. A null chip gives a page that shows zeros and never calls the host.
     CChipDialog(UINT templateId, IRegvane* chip, HWND parent, const wchar_t* caption = nullptr,
-                SnapshotScope scope = SnapshotScope::BlockAndRecord);
+                std::vector<CoveredRecord> changeTest = {HostRecord::Block, HostRecord::Record20});
 
     IRegvane* Chip() const { return m_chip; }
     const std::wstring& Caption() const { return m_caption; }
@@ -92,8 +88,7 @@ public:
     std::pair<int, int> HostGainRange() const;
 
 protected:
-    const RegBlock& SnapshotBlock() const { return m_snapshotBlock; }
-    const Record20& SnapshotRecord() const { return m_snapshotRecord; }
+    const CChangeTracker& Changes() const { return m_changes; }
 
     // Translates the template, then OnInitControls, ReloadView, and marks the page initialized.
     BOOL OnInitDialog() override;
@@ -129,9 +124,7 @@ protected:
 
 private:
     IRegvane* m_chip;
-    SnapshotScope m_scope;
-    RegBlock m_snapshotBlock{};
-    Record20 m_snapshotRecord{};
+    CChangeTracker m_changes;
     std::wstring m_caption;
     bool m_initialized = false;
 };

@@ -12,6 +12,8 @@ void ReadHostRecord(IRegvane& chip, HostRecord record, std::uint8_t* bytes) {
         return chip.GetRegData2(bytes);
     case HostRecord::Record20:
         return chip.GetRegData4(bytes);
+    case HostRecord::SliderValue:
+        return;
     }
 }
 
@@ -27,5 +29,11 @@ void WriteHostRecord(IRegvane& chip, HostRecord record, std::uint8_t* bytes) {
         return chip.SetRegData2(bytes);
     case HostRecord::Record20:
         return chip.SetRegData4(bytes, 0, 0, 0);
+    case HostRecord::SliderValue:
+        return;
     }
+}
+
+int ReadHostValue(IRegvane& chip, HostRecord value) {
+    return value == HostRecord::SliderValue ? chip.GetSliderValue() : 0;
 }

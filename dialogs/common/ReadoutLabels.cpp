@@ -1,6 +1,6 @@
 #include "dialogs/common/ReadoutLabels.h"
 
-#include "dialogs/common/Readouts.h"
+#include "readouts/Mbi5153Readouts.h"
 
 namespace {
 

@@ -66,17 +66,12 @@ WindowKind KindOf(Role role, Control control) {
 CDescribedPage::CDescribedPage(std::shared_ptr<const chipdesc::Description> description, IRegvane* chip,
                                const wchar_t* caption, HWND parent)
     : CChipDialog(CDescribedPage::kFallbackFrameTemplate, chip, parent,
-                  description->page.title == Title::Caption ? caption : nullptr, SnapshotScope::Nothing),
+                  description->page.title == Title::Caption ? caption : nullptr,
+                  std::vector<CoveredRecord>(description->page.changeTest.begin(),
+                                             description->page.changeTest.end())),
       m_description(std::move(description)), m_currentField(m_description->CurrentField()) {
     OpenPages().push_back(this);
     m_pageSettings.reference.fill(kReferenceDefault);
-    for (const Source source : m_description->page.changeTest) {
-        const auto index = static_cast<std::size_t>(source);
-        if (IsHostValue(source))
-            m_snapshotHostValue[index] = ReadHostValue(source);
-        else
-            m_snapshot[index] = ReadSource(source);
-    }
 }
 
 CDescribedPage::~CDescribedPage() {
@@ -87,72 +82,20 @@ BOOL CDescribedPage::Create(UINT templateId, HWND parent) {
     return CreateFrame(templateId, parent) || CreateFrame(kFallbackFrameTemplate, parent);
 }
 
-namespace {
-
-// The described records are the host's records, in the same order.
-HostRecord RecordOf(Source source) {
-    return static_cast<HostRecord>(source);
-}
-static_assert(static_cast<int>(Source::Record20) == static_cast<int>(HostRecord::Record20));
-
-} // namespace
-
 CDescribedPage::Bytes CDescribedPage::ReadSource(Source source) const {
     Bytes bytes{};
-    if (Chip() && !IsHostValue(source))
-        ReadHostRecord(*Chip(), RecordOf(source), bytes.data());
+    if (Chip())
+        ReadHostRecord(*Chip(), source, bytes.data());
     return bytes;
 }
 
 void CDescribedPage::WriteSource(Source source, Bytes& bytes) const {
-    if (Chip() && !IsHostValue(source))
-        WriteHostRecord(*Chip(), RecordOf(source), bytes.data());
-}
-
-int CDescribedPage::ReadHostValue(Source source) const {
-    IRegvane* chip = Chip();
-    if (!chip || source != Source::SliderValue)
-        return 0;
-    return chip->GetSliderValue();
-}
-
-bool CDescribedPage::ChipDiffersFromSnapshot() {
-    // Everything the change test names is read, whatever differs first: the host sees the same calls
-    // whatever changed.
-    bool differs = false;
-    for (const Source source : m_description->page.changeTest) {
-        const auto index = static_cast<std::size_t>(source);
-        if (IsHostValue(source)) {
-            differs = ReadHostValue(source) != m_snapshotHostValue[index] || differs;
-        } else {
-            const Bytes now = ReadSource(source);
-            differs = !std::equal(now.begin(), now.begin() + static_cast<std::ptrdiff_t>(SourceBytes(source)),
-                                  m_snapshot[index].begin()) ||
-                      differs;
-        }
-    }
-    return differs;
-}
-
-void CDescribedPage::RestoreSnapshot() {
-    for (const Source source : m_description->page.changeTest) {
-        if (IsHostValue(source))
-            continue;
-        Bytes bytes = m_snapshot[static_cast<std::size_t>(source)];
-        WriteSource(source, bytes);
-    }
+    if (Chip())
+        WriteHostRecord(*Chip(), source, bytes.data());
 }
 
 int CDescribedPage::ReportChange() {
-    IRegvane* chip = Chip();
-    if (!chip)
-        return 0;
-    const bool changed = ChipDiffersFromSnapshot();
-    if (changed)
-        chip->MarkModified();
-    if (changed && m_description->page.notice == Notice::Either)
-        return 0;
-    return chip->UpdateHostState(1, 1);
+    return Changes().NotifyIfChanged(m_description->page.notice == Notice::Either);
 }
 
 CDescribedPage::ClassSettings& CDescribedPage::Settings() const {
@@ -197,7 +140,8 @@ void CDescribedPage::OnInitControls() {
         const Field& field = FieldOf(slot);
         if (IsHostValue(field.source)) {
             // The host's value is shown, never edited; it is read when the page opens.
-            const int value = std::clamp(ReadHostValue(field.source), field.minimum, field.maximum);
+            const int hostValue = Chip() ? ReadHostValue(*Chip(), field.source) : 0;
+            const int value = std::clamp(hostValue, field.minimum, field.maximum);
             ShowValue(slot, value);
             UpdateReadout(slot, value);
         }
@@ -343,11 +287,8 @@ void CDescribedPage::CreateControls() {
 }
 
 int CDescribedPage::SnapshotValue(const chipdesc::Field& field, int colour) const {
-    const auto& changeTest = m_description->page.changeTest;
-    if (std::find(changeTest.begin(), changeTest.end(), field.source) == changeTest.end() ||
-        IsHostValue(field.source))
-        return field.minimum;
-    return ReadValue(field, m_snapshot[static_cast<std::size_t>(field.source)], colour);
+    const std::span<const std::uint8_t> snapshot = Changes().Snapshot(field.source);
+    return snapshot.empty() ? field.minimum : ReadValue(field, snapshot, colour);
 }
 
 void CDescribedPage::ShowValue(ControlSlot& slot, int value) {

@@ -40,11 +40,9 @@ protected:
     bool OnHScroll(UINT code, UINT position, HWND scrollBar) override;
     void OnNumberEditChanged(UINT id, HWND edit) override;
     void ApplyHostRanges() override;
-    bool ChipDiffersFromSnapshot() override;
-    void RestoreSnapshot() override;
 
 private:
-    using Bytes = std::array<std::uint8_t, kRegData2Bytes>; // the largest of the host's records
+    using Bytes = std::array<std::uint8_t, kLargestHostRecord>;
     struct ControlSlot {
         int field;
         int colour;
@@ -63,7 +61,6 @@ private:
 
     Bytes ReadSource(chipdesc::Source source) const;
     void WriteSource(chipdesc::Source source, Bytes& bytes) const;
-    int ReadHostValue(chipdesc::Source source) const;
 
     const chipdesc::LayoutPlan& Plan(HFONT font) const;
     void CreateControls();
@@ -93,6 +90,7 @@ private:
     // The fields the chip wants written whenever the page fills itself (copies made equal again, the
     // host's count): written, shown and reported when that changes the chip.
     void WriteOnFillFields();
+    // The change test under the description's notice rule (OK's always ends with UpdateHostState).
     int ReportChange();
     // The output-current read-out, when the description has one.
     void UpdateCurrentGroup();
@@ -115,8 +113,6 @@ private:
     std::shared_ptr<const chipdesc::Description> m_description;
     std::vector<ControlSlot> m_slots;
     std::vector<std::vector<HWND>> m_fieldWindows; // label, controls and read-outs of each field
-    std::array<Bytes, chipdesc::kSourceCount> m_snapshot{};
-    std::array<int, chipdesc::kSourceCount> m_snapshotHostValue{};
     int m_linkId = 0;
     struct CurrentColour {
         std::unique_ptr<CNumberEdit> reference;

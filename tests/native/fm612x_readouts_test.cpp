@@ -1,6 +1,6 @@
 // FM612x read-outs at the ends of their ranges and where rounding decides; the values in between are
 // held by the Windows FM612x page tests.
-#include "descriptions/Fm612xReadouts.h"
+#include "readouts/Fm612xReadouts.h"
 
 #include <gtest/gtest.h>
 

@@ -12,7 +12,7 @@ namespace {
 
 // The groups hide and show whole registers: their edits are exactly the bytes of that register.
 TEST(RawRegisterModel, GroupsHoldTheirRegistersBytes) {
-    using Bytes = std::set<std::pair<RawByteSource, std::size_t>>;
+    using Bytes = std::set<std::pair<HostRecord, std::size_t>>;
     auto bytesOf = [](const auto& group) {
         Bytes bytes;
         for (int id : group)
@@ -20,9 +20,9 @@ TEST(RawRegisterModel, GroupsHoldTheirRegistersBytes) {
                 bytes.insert({kRawByteFields[*field].source, kRawByteFields[*field].byte});
         return bytes;
     };
-    const auto block = RawByteSource::Block;
-    const auto a = RawByteSource::RecordA;
-    const auto b = RawByteSource::RecordB;
+    const auto block = HostRecord::Block;
+    const auto a = HostRecord::RecordA;
+    const auto b = HostRecord::RecordB;
     EXPECT_EQ(bytesOf(kRawGroupX),
               (Bytes{{block, 8}, {block, 9}, {block, 10}, {block, 11}, {block, 12}, {block, 13}}));
     EXPECT_EQ(bytesOf(kRawGroupY), (Bytes{{block, 14}, {block, 15}, {a, 0}, {a, 1}, {a, 2}, {a, 3}}));

@@ -1,6 +1,6 @@
-// Read-outs of a chip's output-current gain: the gain factor as a percentage, and the output current
-// that follows from the factor and the current-setting resistance. All in single precision, rounded
-// before formatting, as the operator compares them with the chip maker's tables.
+// Read-outs of the MBI5153 family's output-current gain: the gain factor as a percentage, and the
+// output current that follows from the factor and the current-setting resistance. All in single
+// precision, rounded before formatting, as the operator compares them with the chip maker's tables.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-#include "dialogs/common/Readouts.h"
+#include "readouts/Mbi5153Readouts.h"
 
 #include <cmath>
 #include <cstdio>

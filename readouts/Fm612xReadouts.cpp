@@ -1,4 +1,4 @@
-#include "descriptions/Fm612xReadouts.h"
+#include "readouts/Fm612xReadouts.h"
 
 #include <cmath>
 #include <cstdio>
