@@ -1,5 +1,6 @@
 #include "dialogs/common/ChipDialog.h"
 
+#include "dialogs/common/HostRecords.h"
 #include "module/ModuleState.h"
 
 #include <algorithm>
@@ -23,28 +24,39 @@ CChipDialog::CChipDialog(UINT templateId, IRegvane* chip, HWND parent, const wch
     : CDialog(templateId, parent), m_chip(chip), m_changes(chip, std::move(changeTest)),
       m_caption(caption ? caption : L"") {}
 
+namespace {
+
+// A whole record of the host, or zeros without one.
+template <typename Bytes>
+Bytes ReadWhole(IRegvane* chip, HostRecord record) {
+    Bytes bytes{};
+    if (chip)
+        ReadHostRecord(*chip, record, bytes.data());
+    return bytes;
+}
+
+template <typename Bytes>
+void WriteWhole(IRegvane* chip, HostRecord record, Bytes& bytes) {
+    if (chip)
+        WriteHostRecord(*chip, record, bytes.data());
+}
+
+} // namespace
+
 RegBlock CChipDialog::ReadBlock() const {
-    RegBlock block{};
-    if (m_chip)
-        m_chip->GetRegData(block.data());
-    return block;
+    return ReadWhole<RegBlock>(m_chip, HostRecord::Block);
 }
 
 void CChipDialog::WriteBlock(RegBlock& block) const {
-    if (m_chip)
-        m_chip->SetRegData(block.data());
+    WriteWhole(m_chip, HostRecord::Block, block);
 }
 
 Record20 CChipDialog::ReadRecord() const {
-    Record20 record{};
-    if (m_chip)
-        m_chip->GetRegData4(record.data());
-    return record;
+    return ReadWhole<Record20>(m_chip, HostRecord::Record20);
 }
 
 void CChipDialog::WriteRecord(Record20& record) const {
-    if (m_chip)
-        m_chip->SetRegData4(record.data(), 0, 0, 0);
+    WriteWhole(m_chip, HostRecord::Record20, record);
 }
 
 std::pair<int, int> CChipDialog::HostGainRange() const {
