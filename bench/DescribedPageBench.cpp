@@ -7,8 +7,7 @@
 //
 // Run under Wine, from the build (rounds, then chip types; hand-written pages can be measured too):
 //   xvfb-run -a cmake/wine-run.sh build/windows/App/Bin/regvane_page_bench.exe [300 [65551 65561 ...]]
-#include "host/RegvaneExports.h"
-#include "workbench/SimulatedChip.h"
+#include "bench/PageBench.h"
 
 #include <windows.h>
 
@@ -28,18 +27,6 @@ struct Child {
     RECT rect;
     int id;
 };
-
-double Now() {
-    LARGE_INTEGER counter, frequency;
-    QueryPerformanceCounter(&counter);
-    QueryPerformanceFrequency(&frequency);
-    return static_cast<double>(counter.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
-
-double Median(std::vector<double> samples) {
-    std::sort(samples.begin(), samples.end());
-    return samples[samples.size() / 2];
-}
 
 std::vector<Child> ChildrenOf(HWND page) {
     std::vector<Child> children;
@@ -109,24 +96,12 @@ int main(int argc, char** argv) {
             types.push_back(std::atoi(argv[i]));
     }
 
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    std::wstring folder(path);
-    folder.resize(folder.find_last_of(L'\\') + 1);
-    HMODULE module = LoadLibraryW((folder + L"regvane.dll").c_str());
-    if (!module) {
+    const RegvaneDll dll = StartRegvaneDll();
+    if (!dll.module) {
         std::printf("regvane.dll did not load\n");
         return 1;
     }
-    auto init =
-        reinterpret_cast<InitRegvaneFn>(reinterpret_cast<void*>(GetProcAddress(module, "InitRegvane")));
-    auto language = reinterpret_cast<RegvaneLanguageChangedFn>(
-        reinterpret_cast<void*>(GetProcAddress(module, "RegvaneLanguageChanged")));
-    auto create = reinterpret_cast<CreateRegvaneHwndFn>(
-        reinterpret_cast<void*>(GetProcAddress(module, "CreateRegvaneHwnd")));
-    static SimulatedHostCallback callback;
-    init(&callback);
-    language();
+    const CreateRegvaneHwndFn create = dll.create;
 
     HWND host = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW, 0, 0, 900, 600, nullptr, nullptr,
                                 GetModuleHandleW(nullptr), nullptr);

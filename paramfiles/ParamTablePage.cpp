@@ -8,7 +8,8 @@
 
 #include <commctrl.h>
 
-#include <algorithm>
+#include <span>
+#include <string>
 
 namespace {
 
@@ -35,31 +36,6 @@ std::unique_ptr<RegisterParamTable> MakeTable(ParamTableKind kind, IRegvane* chi
     }
 }
 
-// A column is at least wide enough for its title between the header's margins: a title, translated
-// or not, is never cut short to "...".
-void AddColumn(HWND list, int index, const std::wstring& title, int minimumWidth) {
-    HWND header = ListView_GetHeader(list);
-    const int margins = header ? 2 * Header_GetBitmapMargin(header) : 0;
-    LVCOLUMNW column{};
-    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
-    column.fmt = LVCFMT_LEFT;
-    column.cx = std::max(minimumWidth, ListView_GetStringWidth(list, title.c_str()) + margins);
-    column.pszText = const_cast<wchar_t*>(title.c_str());
-    ::SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column));
-}
-
-void SetCell(HWND list, int row, int column, const std::wstring& text) {
-    LVITEMW item{};
-    item.mask = LVIF_TEXT;
-    item.iItem = row;
-    item.iSubItem = column;
-    item.pszText = const_cast<wchar_t*>(text.c_str());
-    if (column == 0)
-        ::SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
-    else
-        ::SendMessageW(list, LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-}
-
 // The button stays disabled while its operation runs, and is enabled again however it ends.
 class DisabledWhileRunning {
 public:
@@ -77,51 +53,50 @@ private:
 
 } // namespace
 
-// The table runs the change test; the block is still read as the page opens, as hosts have seen.
 CParamTablePage::CParamTablePage(UINT templateId, IRegvane* chip, HWND parent, const wchar_t* caption,
                                  ParamTableKind kind)
+    : CParamTablePage(templateId, chip, parent, caption, kind, MakeTable(kind, chip)) {}
+
+// The table runs the change test; the block is still read as the page opens, as hosts have seen.
+CParamTablePage::CParamTablePage(UINT templateId, IRegvane* chip, HWND parent, const wchar_t* caption,
+                                 ParamTableKind kind, std::unique_ptr<RegisterParamTable> table)
     : CChipDialog(templateId, chip, parent, caption, {HostRecord::Block}), m_kind(kind),
-      m_table(MakeTable(kind, chip)) {}
+      m_table(std::move(table)) {}
 
 void CParamTablePage::OnInitControls() {
     Translator().TranslateDialog(m_hWnd, TemplateId(), kSharedSection);
-    HWND list = GetItem(kListId);
-    ::SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES,
-                   LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
-    int column = 0;
+    m_list.Attach(GetItem(kListId));
+    m_list.SendMessage(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES,
+                       LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
     if (!m_table || !m_table->HasAddressColumn())
-        AddColumn(list, column++, Tr(L"IDS_ParamTable_Row"), kRowNumberColumnWidth);
+        m_list.AddColumn(Tr(L"IDS_ParamTable_Row"), kRowNumberColumnWidth);
     if (m_table)
         for (const std::wstring& title : m_table->ColumnTitles())
-            AddColumn(list, column++, title, kFieldColumnWidth);
+            m_list.AddColumn(title, kFieldColumnWidth);
 }
 
 void CParamTablePage::RefreshFromChip() {
     if (m_table)
         m_table->Refresh();
-    FillList();
+    m_list.SetRowCount(m_table ? m_table->RowCount() : 0);
+    m_list.Refresh();
 }
 
-void CParamTablePage::FillList() {
-    HWND list = GetItem(kListId);
-    if (!list)
+void CParamTablePage::CellText(int row, int column, std::wstring& text) const {
+    const bool numbered = !m_table || !m_table->HasAddressColumn();
+    if (numbered && column == 0) {
+        text = std::to_wstring(row);
         return;
-    ::SendMessageW(list, WM_SETREDRAW, FALSE, 0);
-    ::SendMessageW(list, LVM_DELETEALLITEMS, 0, 0);
-    const int rows = m_table ? m_table->RowCount() : 0;
-    const bool numbered = m_table && !m_table->HasAddressColumn();
-    std::wstring text;
-    for (int row = 0; row < rows; ++row) {
-        int column = 0;
-        if (numbered)
-            SetCell(list, row, column++, std::to_wstring(row));
-        for (const std::uint8_t value : m_table->Row(row)) {
-            FormatHexByte(text, value);
-            SetCell(list, row, column++, text);
-        }
     }
-    ::SendMessageW(list, WM_SETREDRAW, TRUE, 0);
-    ::InvalidateRect(list, nullptr, TRUE);
+    const auto field = static_cast<std::size_t>(numbered ? column - 1 : column);
+    const std::span<const std::uint8_t> fields =
+        m_table ? m_table->Row(row) : std::span<const std::uint8_t>();
+    if (field < fields.size())
+        FormatHexByte(text, fields[field]);
+}
+
+bool CParamTablePage::OnNotify(NMHDR* header, LRESULT& result) {
+    return m_list.OnNotify(header, result) || CChipDialog::OnNotify(header, result);
 }
 
 bool CParamTablePage::OnCommand(UINT notifyCode, UINT id, HWND control) {

@@ -19,9 +19,9 @@ void WriteHostRecords(IRegvane& chip, HostRegisterRecords& records) {
     chip.SetRegData3(records.regData3.data());
 }
 
-RegisterParamTable::RegisterParamTable(IRegvane* chip, int fieldsPerRow)
+RegisterParamTable::RegisterParamTable(IRegvane* chip, int fieldsPerRow, int capacityRows)
     : m_chip(chip), m_fieldsPerRow(fieldsPerRow),
-      m_block(static_cast<std::size_t>(kParamBlockRows) * static_cast<std::size_t>(fieldsPerRow)) {}
+      m_block(static_cast<std::size_t>(capacityRows) * static_cast<std::size_t>(fieldsPerRow)) {}
 
 std::span<const std::uint8_t> RegisterParamTable::Row(int row) const {
     if (row < 0 || row >= m_rows)
@@ -31,7 +31,7 @@ std::span<const std::uint8_t> RegisterParamTable::Row(int row) const {
 }
 
 void RegisterParamTable::SetRowCount(int rows) {
-    m_rows = std::clamp(rows, 0, kParamBlockRows);
+    m_rows = std::clamp(rows, 0, static_cast<int>(m_block.size()) / m_fieldsPerRow);
 }
 
 void RegisterParamTable::TakeSnapshot() {

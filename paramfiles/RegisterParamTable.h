@@ -77,7 +77,8 @@ public:
     int ReportChange();
 
 protected:
-    RegisterParamTable(IRegvane* chip, int fieldsPerRow);
+    // Room for capacityRows rows; a chip's table never has more than a parameter block.
+    RegisterParamTable(IRegvane* chip, int fieldsPerRow, int capacityRows = kParamBlockRows);
 
     IRegvane& Chip() const { return *m_chip; }
     std::span<std::uint8_t> Block() { return m_block; }

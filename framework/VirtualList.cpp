@@ -1,0 +1,88 @@
+#include "framework/VirtualList.h"
+
+#include <algorithm>
+#include <string_view>
+
+void CVirtualList::AddColumn(const std::wstring& title, int minimumWidth) const {
+    HWND header = ListView_GetHeader(m_hWnd);
+    const int margins = header ? 2 * Header_GetBitmapMargin(header) : 0;
+    LVCOLUMNW column{};
+    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
+    column.fmt = LVCFMT_LEFT;
+    column.cx = std::max(minimumWidth, ListView_GetStringWidth(m_hWnd, title.c_str()) + margins);
+    column.pszText = const_cast<wchar_t*>(title.c_str());
+    SendMessage(LVM_INSERTCOLUMNW, static_cast<WPARAM>(ColumnCount()), reinterpret_cast<LPARAM>(&column));
+}
+
+int CVirtualList::ColumnCount() const {
+    HWND header = ListView_GetHeader(m_hWnd);
+    return header ? Header_GetItemCount(header) : 0;
+}
+
+void CVirtualList::SetRowCount(int rows) const {
+    // A new count lays the list out again and redraws its scroll bar: only when it changes.
+    if (rows != RowCount())
+        SendMessage(LVM_SETITEMCOUNT, static_cast<WPARAM>(std::max(rows, 0)), LVSICF_NOSCROLL);
+}
+
+int CVirtualList::RowCount() const {
+    return static_cast<int>(SendMessage(LVM_GETITEMCOUNT));
+}
+
+void CVirtualList::Refresh() const {
+    // The rows in view, the last one partly in view included; the header and scroll bar stay.
+    const int top = static_cast<int>(SendMessage(LVM_GETTOPINDEX));
+    const int inView = static_cast<int>(SendMessage(LVM_GETCOUNTPERPAGE));
+    SendMessage(LVM_REDRAWITEMS, static_cast<WPARAM>(top), static_cast<LPARAM>(top + inView));
+}
+
+const std::wstring& CVirtualList::Text(int row, int column) {
+    m_text.clear();
+    m_cellText(row, column, m_text);
+    return m_text;
+}
+
+int CVirtualList::FindRow(const NMLVFINDITEMW& find) {
+    const UINT flags = find.lvfi.flags;
+    if (!find.lvfi.psz || !(flags & (LVFI_STRING | LVFI_PARTIAL)))
+        return -1;
+    const std::wstring_view wanted(find.lvfi.psz);
+    const bool partial = (flags & LVFI_PARTIAL) != 0;
+    const int rows = RowCount();
+    const int start = find.iStart >= 0 && find.iStart < rows ? find.iStart : 0;
+    const int candidates = (flags & LVFI_WRAP) ? rows : rows - start;
+    for (int i = 0; i < candidates; ++i) {
+        const int row = (start + i) % rows;
+        std::wstring_view text = Text(row, 0);
+        if (partial)
+            text = text.substr(0, wanted.size());
+        if (text.size() == wanted.size() &&
+            ::CompareStringOrdinal(text.data(), static_cast<int>(text.size()), wanted.data(),
+                                   static_cast<int>(wanted.size()), TRUE) == CSTR_EQUAL)
+            return row;
+    }
+    return -1;
+}
+
+bool CVirtualList::OnNotify(const NMHDR* header, LRESULT& result) {
+    if (!header || header->hwndFrom != m_hWnd)
+        return false;
+    switch (header->code) {
+    case LVN_GETDISPINFOW: {
+        LVITEMW& item = reinterpret_cast<NMLVDISPINFOW*>(const_cast<NMHDR*>(header))->item;
+        if ((item.mask & LVIF_TEXT) && item.pszText && item.cchTextMax > 0) {
+            const std::wstring& text = Text(item.iItem, item.iSubItem);
+            const std::size_t length = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax - 1));
+            std::copy_n(text.begin(), length, item.pszText);
+            item.pszText[length] = L'\0';
+        }
+        result = 0;
+        return true;
+    }
+    case LVN_ODFINDITEMW:
+        result = FindRow(*reinterpret_cast<const NMLVFINDITEMW*>(header));
+        return true;
+    default:
+        return false;
+    }
+}
