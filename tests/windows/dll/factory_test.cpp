@@ -1,8 +1,8 @@
 // regvane.dll's entry points as the host calls them: which page a chip-type number opens, that every
-// page of the chip-type table comes up from its own template and goes away cleanly, and which host
-// callback the module asks. Which class each number names is the chip-type table's; here the DLL's
-// exports must follow it. That every entry point is found by its plain name is held by every
-// test: the test host loads them so, and the C host links them so.
+// page of the chip-type table comes up from its own template without writing the chip and goes away
+// cleanly, and which host callback the module asks. Which class each number names is the chip-type
+// table's; here the DLL's exports must follow it. That every entry point is found by its plain name
+// is held by every test: the test host loads them so, and the C host links them so.
 #include "OperatorActions.h"
 #include "factory/ChipTypes.h"
 #include "framework/Dialog.h"
@@ -93,6 +93,7 @@ TEST_F(Factory, EveryTypeOpensItsPageFromItsOwnTemplateAndClosesCleanly) {
         HWND page = asObject ? (dialog ? dialog->GetSafeHwnd() : nullptr)
                              : lib.CreateRegvaneHwnd(type.chipType, &chip, L"", host.View());
         ASSERT_NE(page, nullptr);
+        EXPECT_EQ(chip.CallNames(false), Calls{}) << "opening a page changed the chip";
         EXPECT_EQ(GetParent(page), host.View());
         EXPECT_STREQ(lib.RegvaneDialogClassName(page), type.className);
         const bool described = FindChipClass(type.className)->kind == ChipPageKind::Described;
