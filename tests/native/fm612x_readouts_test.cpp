@@ -1,5 +1,6 @@
 // FM612x read-outs at the ends of their ranges and where rounding decides; the values in between are
 // held by the Windows FM612x page tests.
+#include "descriptions/DescriptionReadouts.h"
 #include "readouts/Fm612xReadouts.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +10,7 @@ namespace {
 using namespace fm612x;
 
 TEST(Fm612xReadouts, RangesEndsRoundingAndAZeroReference) {
-    EXPECT_EQ(FormatGain6Percent(0), L"2%");
+    EXPECT_EQ(chipdesc::FormatReadout("gain6-percent", 0), L"2%"); // a description names it so
     EXPECT_EQ(FormatGain6Percent(15), L"25%");
     // 61 x 1.5625 % = 0.953125, kept to three places before the current is taken from it.
     EXPECT_EQ(Gain6Readout(60, 0.3f).current, L"3176.67 mA");
@@ -26,7 +27,7 @@ TEST(Fm612xReadouts, RangesEndsRoundingAndAZeroReference) {
     EXPECT_EQ(FormatFm6129Percent(0), L"2%");
     const CurrentReadout low = Fm6129Readout(10, Fm6129Divisor(2000.0f));
     EXPECT_EQ(low.current, L"1.55 mA"); // (10 x 98.44 / 63 + 1.56) x 18 / 200000 x 1000 = 1.547
-    EXPECT_EQ(Fm6129Readout(63, 0.0f).current, L"0.00 mA");
+    EXPECT_EQ(chipdesc::FormatCurrent("fm6129", 63, 0)->current, L"0.00 mA");
 }
 
 } // namespace

@@ -69,6 +69,9 @@ TEST(ParamFileFormat, ScansFieldsAsHexadecimalTheWayScanfDoes) {
     EXPECT_EQ(ScanHexFields(L"-1", std::span(fields, 1)), 1);
     EXPECT_EQ(fields[0], 0xffffffffu);
     EXPECT_EQ(ScanHexFields(L"12 ,34", fields), 1) << "a comma must follow the number directly";
+    EXPECT_EQ(ScanHexFields(L"12 34", fields), 1);
+    EXPECT_EQ(ScanHexFields(L"\t\v\f\r\n 1f", fields), 1);
+    EXPECT_EQ(fields[0], 0x1fu);
     EXPECT_EQ(ScanHexFields(L"Addr,RReg", fields), 1) << "the header's first word reads as a number";
     EXPECT_EQ(fields[0], 0xADDu);
     EXPECT_EQ(StripTrailingCommas(L"TAG ,,,"), L"TAG ");
@@ -191,6 +194,7 @@ TEST(ChipParamTable, ShortFilesAndBadFieldsKeepTheOldValues) {
     EXPECT_EQ(chip.regData2[10 * 3 + 2], old[10 * 3 + 2]);
     EXPECT_TRUE(std::equal(chip.regData2.begin() + 33, chip.regData2.begin() + 126, old.begin() + 33));
     EXPECT_EQ(table.Row(11)[0], 11) << "the address of an unparsable row stays";
+    EXPECT_TRUE(table.Row(-1).empty() && table.Row(45).empty());
 
     // Lines after the last row are never taken. A spreadsheet program may save "Unicode text".
     std::string utf16("\xFF\xFE", 2);
@@ -224,6 +228,13 @@ TEST(ChipParamTable, HostListedChipsExportAtMost128RowsAndImportKeepsTheRest) {
     EXPECT_EQ(chip.icnd3065Rows[128][1], 1);
     EXPECT_EQ(chip.CallNames(false),
               (std::vector<std::string>{"SetICND3065ParamRows", "MarkModified", "UpdateHostState"}));
+
+    // A host listing no rows: a file of the tag and the header, taken back.
+    SimulatedChip none(309, 0);
+    ChipParamTable empty(&none);
+    ASSERT_EQ(empty.Export(dir.File("none.csv")), kParamFileOk);
+    EXPECT_EQ(SplitCrLf(dir.Read("none.csv")).size(), 2u);
+    EXPECT_EQ(empty.Import(dir.File("none.csv")).result, kParamFileOk);
 
     // A host stating more rows than its list can carry is held to the list; a change only in the
     // host's list is a change, and goes back whole.
@@ -337,6 +348,9 @@ TEST(ParamFileSafety, HugeAndBinaryFilesAreReadOnlyAsFarAsTheRowsNeed) {
     EXPECT_TRUE(taken.ok());
     EXPECT_LE(taken.bytesRead, 130ull * CStdioFileEx::kMaxLineChars);
     EXPECT_EQ(taken.rowsRead, 128);
+    std::vector<std::uint8_t> twoRows(8);
+    EXPECT_EQ(ReadParamFile(dir.File("huge.csv"), untagged, twoRows, 45).rowsRead, 2)
+        << "no more rows than fit";
 
     // Nothing but line breaks, in a layout that skips empty lines: read only as far as 18 lines of
     // the longest line would take, and taken as a file without rows.

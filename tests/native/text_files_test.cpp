@@ -1,6 +1,6 @@
 // Text encodings, line reading, the language file format, which language files the host's index
 // picks, and the language files we ship. Where the files lie and how a missing text falls through is
-// held by the Windows language-switch test.
+// held by the Windows host-language tests.
 #include "TempFolder.h"
 #include "framework/LanguageFile.h"
 #include "framework/StdioFileEx.h"
@@ -37,14 +37,20 @@ TEST(TextEncoding, Utf8RoundTripsEveryPlaneReplacesBrokenBytesAndTheBomDecides) 
     const std::wstring text = L"A\u00e9\u4e2d\U0001F600z";
     EXPECT_EQ(Utf8ToWide(WideToUtf8(text)), text);
     EXPECT_EQ(WideToUtf8(L"\u00e9"), "\xC3\xA9");
-    EXPECT_EQ(Utf8ToWide("a\xFF"
+    EXPECT_EQ(Utf8ToWide("a\x80\xFF"
                          "b"),
-              L"a\uFFFDb");
+              L"a\uFFFD\uFFFDb");
     EXPECT_EQ(Utf8ToWide("\xE4\xB8"), L"\uFFFD");     // cut short
     EXPECT_EQ(Utf8ToWide("\xC0\xAF"), L"\uFFFD");     // overlong
     EXPECT_EQ(Utf8ToWide("\xED\xA0\x80"), L"\uFFFD"); // encoded surrogate
+    EXPECT_EQ(Utf8ToWide("\xF4\x8F\xBF\xBF\xF4\x90\x80\x80"),
+              L"\U0010FFFF\uFFFD"); // the last code point, one beyond
     EXPECT_EQ(DecodeText(Utf16Le(u"\u4e2d\U0001F600")), L"\u4e2d\U0001F600");
+    EXPECT_EQ(DecodeText(Utf16Le(u"\xDC00"
+                                 u"a\xD800")),
+              L"\uFFFDa\uFFFD"); // lone surrogates
     EXPECT_EQ(DecodeText("\xEF\xBB\xBFhi"), L"hi");
+    EXPECT_EQ(DecodeText("\xE3\xBB\xBF"), L"\u3EFF") << "ends like a byte-order mark, is none";
     EXPECT_EQ(DecodeText("\xFF\xFE"
                          "a"),
               L"\uFFFD"); // odd byte after a UTF-16 BOM
@@ -55,25 +61,39 @@ TEST(StdioFileEx, ReadsEveryEncodingAndLineEnd) {
     TempFolder dir;
     dir.Write("utf8.txt", "one\r\ntwo\nthree");
     dir.Write("bom.txt", "\xEF\xBB\xBF\xE4\xB8\xAD\r\nx\r\n");
-    dir.Write("utf16.txt", Utf16Le(u"\u00e9t\u00e9\r\n\r\nend\n"));
+    dir.Write("utf16.txt", Utf16Le(u"\u00e9t\u4e2d\r\n\r\nend\n"));
     EXPECT_EQ(ReadAllLines(dir.File("utf8.txt")), (std::vector<std::wstring>{L"one", L"two", L"three"}));
     EXPECT_EQ(ReadAllLines(dir.File("bom.txt")), (std::vector<std::wstring>{L"\u4e2d", L"x"}));
     EXPECT_EQ(ReadAllLines(dir.File("utf16.txt")),
-              (std::vector<std::wstring>{L"\u00e9t\u00e9", L"", L"end"}));
+              (std::vector<std::wstring>{L"\u00e9t\u4e2d", L"", L"end"}));
 }
 
 TEST(LanguageFile, ParsesSectionsCommentsEscapesAndKeepsTheFirstOfEqualKeys) {
     LanguageFile file;
-    file.Parse(L"; comment\n[String]\nIDS_A = Hello\\nWorld \nids_b=\"quoted\"\nIDS_A=second\n"
+    file.Parse(L"; comment\n[String]\nIDS_A = Hello\\nWorld \nids_b=\"quoted\\n\"\nIDS_A=second\n"
                L"no equals sign\n[8229]\nCaption=MBI5153\n8021=Link\n[broken\nx=y\n");
     ASSERT_NE(file.Find(L"String", L"IDS_A"), nullptr);
     EXPECT_EQ(*file.Find(L"string", L"ids_a"), L"Hello\nWorld");
-    EXPECT_EQ(*file.Find(L"String", L"IDS_B"), L"quoted");
+    EXPECT_EQ(*file.Find(L"String", L"IDS_B"), L"quoted\n");
     EXPECT_EQ(*file.Find(L"8229", L"caption"), L"MBI5153");
     EXPECT_EQ(file.Section(L"8229")->size(), 2u);
     EXPECT_EQ(file.Find(L"String", L"; comment"), nullptr);
     EXPECT_EQ(file.Find(L"8229", L"x"), nullptr)
         << "a line of a broken section header must not start a section";
+    EXPECT_EQ(file.Section(L"broken"), nullptr);
+}
+
+// A file is read whole however its reads fall (here one byte past 64 KiB), but not beyond 16 MiB.
+TEST(LanguageFile, LoadsTheWholeFileUpToItsCap) {
+    TempFolder dir;
+    dir.Write("small.ini", "[S]\nA=" + std::string(65536 - 6, 'a') + "b");
+    dir.Write("big.ini", "[S]\nA=a\n" + std::string(kMaxLanguageFileBytes, 'x') + "\nB=b\n");
+    LanguageFile file;
+    ASSERT_TRUE(file.Load(dir.File("small.ini")));
+    EXPECT_EQ(file.Find(L"S", L"A")->back(), L'b');
+    ASSERT_TRUE(file.Load(dir.File("big.ini")));
+    EXPECT_EQ(*file.Find(L"S", L"A"), L"a");
+    EXPECT_EQ(file.Find(L"S", L"B"), nullptr);
 }
 
 // The host's language index names the file pair the suite ships for it; anything else is English.

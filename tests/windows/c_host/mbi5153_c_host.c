@@ -25,7 +25,6 @@ typedef struct Chip {
     /* Calls that change the chip or tell the host something, in order. */
     char calls[kMaxCalls][40];
     int callCount;
-    int placeholderCalls;
 } Chip;
 
 static Chip* ChipOf(IRegvane* This) {
@@ -102,9 +101,8 @@ static void REGVANE_CALL GetICND3065ParamRows(IRegvane* This, RegvaneParamRowLis
 static void REGVANE_CALL GetICND3069ParamRows(IRegvane* This, RegvaneParamRowList* rows) {
     rows->rowCount = 0;
 }
-static void REGVANE_CALL Placeholder(IRegvane* This) {
-    ++ChipOf(This)->placeholderCalls;
-}
+/* A slot the module never calls; the C++ test chips log any call to one. */
+static void REGVANE_CALL Placeholder(IRegvane* This) {}
 
 static IRegvaneVtbl ChipTable(void) {
     IRegvaneVtbl vtbl;
@@ -209,7 +207,6 @@ int main(void) {
     static const char* const unchanged[] = {"SetRegData", "UpdateHostState(1, 1)", NULL};
     CheckCalls(&chip, unchanged, "back at the snapshot the host hears only the state update");
 
-    Check(chip.placeholderCalls == 0, "no placeholder slot was called");
     DestroyWindow(page);
     DestroyWindow(frame);
     printf("%s\n", g_failures ? "C host: FAILED" : "C host: passed");

@@ -1,48 +1,14 @@
-// The language switch and the callback forwarding, in-process, under a folder tree laid out like the
-// host suite (this program lives in testhost\App\Bin).
-#include "framework/ModuleInstance.h"
-#include "framework/UIEx.h"
-#include "module/LanguageSwitch.h"
-#include "module/ModuleState.h"
+// The callback the module hands its pages, in-process. Which language files the host's language
+// index reads, and English behind them, is held by the host-language tests of the description folder.
 #include "module/RegvaneCallback.h"
 #include "workbench/SimulatedChip.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <string>
+#include <vector>
 
 namespace {
-
-// The host's language index decides the files read from two levels above the executable: English
-// behind every other language, so a text a translation lacks, or a missing file, shows in English.
-TEST(LanguageSwitch, ReadsTheHostsLanguageFileWithEnglishBehindIt) {
-    const std::filesystem::path folder =
-        std::filesystem::path(HostExecutablePath()).parent_path() / "../../Language/Hw/Regvane";
-    std::filesystem::create_directories(folder);
-    std::ofstream(folder / "Multi_eng.ini", std::ios::binary)
-        << "\xEF\xBB\xBF[String]\r\nIDS_ONLY_ENGLISH=English only\r\nIDS_BOTH=English\r\n";
-    // UTF-16LE, as translators' tools often save it.
-    std::string polish("\xFF\xFE", 2);
-    for (char16_t c : std::u16string(u"[String]\r\nIDS_BOTH=Polski \u0142\r\n"))
-        polish += {static_cast<char>(c & 0xFF), static_cast<char>(c >> 8)};
-    std::ofstream(folder / "Multi_Polish.ini", std::ios::binary) << polish;
-
-    SimulatedHostCallback callback;
-    SetHostCallback(&callback);
-    callback.language = 13;
-    SwitchLanguage();
-    EXPECT_EQ(callback.log.size(), 1u) << "the host is asked once";
-    EXPECT_EQ(Translator().TranslateString(L"IDS_BOTH"), L"Polski \u0142");
-    EXPECT_EQ(Translator().TranslateString(L"IDS_ONLY_ENGLISH"), L"English only");
-    EXPECT_EQ(UIEx_Language(), 13);
-
-    callback.language = 5; // no Japanese file in this tree
-    SwitchLanguage();
-    EXPECT_EQ(Translator().TranslateString(L"IDS_BOTH"), L"English");
-    EXPECT_EQ(UIEx_Language(), 5);
-}
 
 TEST(RegvaneCallback, ForwardsEveryOperationWithItsArgumentsUnchanged) {
     SimulatedHostCallback inner;
