@@ -78,7 +78,7 @@ protected:
     SimulatedChip chip;
 };
 
-// That opening writes nothing is held by the C host, with the same block; the class, by the factory.
+// That opening writes nothing, and the class, are held by the factory test for every page.
 TEST_F(Mbi5153Page, OpensShowingTheChip) {
     HWND page = Open(chip);
     EXPECT_EQ(Title(page), L"MBI5153");
