@@ -75,6 +75,7 @@ TEST(ParamFileFormat, ScansFieldsAsHexadecimalTheWayScanfDoes) {
     EXPECT_EQ(ScanHexFields(L"Addr,RReg", fields), 1) << "the header's first word reads as a number";
     EXPECT_EQ(fields[0], 0xADDu);
     EXPECT_EQ(StripTrailingCommas(L"TAG ,,,"), L"TAG ");
+    EXPECT_EQ(FileDialogFilter(L"(*.csv)|*.csv||"), std::wstring(L"(*.csv)\0*.csv\0", 14));
 }
 
 TEST(ParamChipTable, RowCountChainMixesSubTypeAndTypeAndAsksAfreshPerTest) {

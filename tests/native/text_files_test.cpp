@@ -40,15 +40,18 @@ TEST(TextEncoding, Utf8RoundTripsEveryPlaneReplacesBrokenBytesAndTheBomDecides) 
     EXPECT_EQ(Utf8ToWide("a\x80\xFF"
                          "b"),
               L"a\uFFFD\uFFFDb");
-    EXPECT_EQ(Utf8ToWide("\xE4\xB8"), L"\uFFFD");     // cut short
-    EXPECT_EQ(Utf8ToWide("\xC0\xAF"), L"\uFFFD");     // overlong
+    EXPECT_EQ(Utf8ToWide("\xE4\xB8"), L"\uFFFD"); // cut short
+    EXPECT_EQ(Utf8ToWide("\xC0\xAF"), L"\uFFFD"); // overlong
+    EXPECT_EQ(Utf8ToWide("\xC2\x80\xE0\xA0\x80\xF0\x90\x80\x80"), L"\u0080\u0800\U00010000")
+        << "the lowest of each length";
     EXPECT_EQ(Utf8ToWide("\xED\xA0\x80"), L"\uFFFD"); // encoded surrogate
-    EXPECT_EQ(Utf8ToWide("\xF4\x8F\xBF\xBF\xF4\x90\x80\x80"),
-              L"\U0010FFFF\uFFFD"); // the last code point, one beyond
-    EXPECT_EQ(DecodeText(Utf16Le(u"\u4e2d\U0001F600")), L"\u4e2d\U0001F600");
+    EXPECT_EQ(Utf8ToWide("\xF4\x8F\xBF\xBF\xF4\x90\x80\x80"), L"\U0010FFFF\uFFFD") << "the last, one beyond";
+    EXPECT_EQ(DecodeText(Utf16Le(u"\u4e2d\U0001F600\U0010FFFF")), L"\u4e2d\U0001F600\U0010FFFF");
+    EXPECT_EQ(DecodeText("\xFF\xFE"), L"");
     EXPECT_EQ(DecodeText(Utf16Le(u"\xDC00"
                                  u"a\xD800")),
-              L"\uFFFDa\uFFFD"); // lone surrogates
+              L"\uFFFDa\uFFFD")
+        << "lone surrogates";
     EXPECT_EQ(DecodeText("\xEF\xBB\xBFhi"), L"hi");
     EXPECT_EQ(DecodeText("\xE3\xBB\xBF"), L"\u3EFF") << "ends like a byte-order mark, is none";
     EXPECT_EQ(DecodeText("\xFF\xFE"

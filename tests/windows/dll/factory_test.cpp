@@ -120,14 +120,6 @@ TEST_F(Factory, EveryTypeOpensItsPageFromItsOwnTemplateAndClosesCleanly) {
     EXPECT_EQ(lib.RegvaneDialogClassName(nullptr), nullptr);
 }
 
-TEST_F(Factory, AHostCaptionTitlesAGenericPage) {
-    SimulatedChip chip(96, 0);
-    chip.modelName = "LS9929";
-    EXPECT_EQ(Title(Open(96, &chip, L"Module 3: LS9929")), L"Module 3: LS9929");
-    EXPECT_EQ(Title(Open(96, &chip)), L"Chip registers - LS9929");
-    CloseAll();
-}
-
 TEST_F(Factory, LanguageChangeAsksTheLatestCallbackOnce) {
     SimulatedHostCallback first, second;
     lib.InitRegvane(&first);

@@ -27,7 +27,8 @@ protected:
     HWND page = nullptr;
 };
 
-// That opening writes nothing, and the title, are held by the factory test.
+// That opening writes nothing is held by the factory test; the title by the Chinese one below, and that
+// a host's caption wins over it by the MBI5153 page's.
 TEST_F(RawEditor, ShowsEveryByteAsTwoLowerCaseDigits) {
     chip.regData[9] = 0x0F;
     Open(&chip);
