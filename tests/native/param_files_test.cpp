@@ -70,12 +70,14 @@ TEST(ParamFileFormat, ScansFieldsAsHexadecimalTheWayScanfDoes) {
     EXPECT_EQ(fields[0], 0xffffffffu);
     EXPECT_EQ(ScanHexFields(L"12 ,34", fields), 1) << "a comma must follow the number directly";
     EXPECT_EQ(ScanHexFields(L"12 34", fields), 1);
+    EXPECT_EQ(ScanHexFields(L"1x5", fields), 1);
+    EXPECT_EQ(fields[0], 1u);
     EXPECT_EQ(ScanHexFields(L"\t\v\f\r\n 1f", fields), 1);
     EXPECT_EQ(fields[0], 0x1fu);
     EXPECT_EQ(ScanHexFields(L"Addr,RReg", fields), 1) << "the header's first word reads as a number";
     EXPECT_EQ(fields[0], 0xADDu);
     EXPECT_EQ(StripTrailingCommas(L"TAG ,,,"), L"TAG ");
-    EXPECT_EQ(FileDialogFilter(L"(*.csv)|*.csv||"), std::wstring(L"(*.csv)\0*.csv\0", 14));
+    EXPECT_EQ(FileDialogFilter(L"(*.csv)|*.csv|"), std::wstring(L"(*.csv)\0*.csv\0", 14));
 }
 
 TEST(ParamChipTable, RowCountChainMixesSubTypeAndTypeAndAsksAfreshPerTest) {
