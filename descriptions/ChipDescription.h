@@ -96,9 +96,10 @@ struct Field {
     int minimum = 0;
     int maximum = 0;
     bool cutToWidth = false;
-    // The control offers the range the host gives for this kind of value (within the field's own);
-    // empty: the field's range.
+    // The control offers the range the host gives for this kind of value (within the field's own,
+    // unless taken as the host gives it); empty: the field's range.
     std::string hostRange;
+    bool hostRangeAsGiven = false;
     std::optional<int> defaultValue;
     Control control = Control::None;
     std::vector<Item> items;
@@ -114,6 +115,7 @@ struct Field {
     std::vector<int> referenceIds;
     std::vector<int> fractionIds;
     std::vector<int> currentIds;
+    int referenceDecimals = 0; // the reference edits' decimals
     OnFill onFill = OnFill::Nothing;
     Item group;      // consecutive fields of one group share a box titled with it
     int showIf = -1; // index of the field whose non-zero value shows this one

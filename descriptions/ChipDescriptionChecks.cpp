@@ -178,7 +178,8 @@ bool Parser::CheckCurrentKeys(FieldDraft& draft) {
     const Field& field = draft.field;
     if (draft.Has("current") && (field.ControlCount() != kColourCount || !field.Editable()))
         return Fail(draft.LineOf("current"), ErrorCode::BadValue, "current");
-    for (const char* key : {"current-switch-id", "reference-ids", "fraction-ids", "current-ids"})
+    for (const char* key :
+         {"current-switch-id", "reference-ids", "fraction-ids", "current-ids", "reference-decimals"})
         if (draft.Has(key) && field.current.empty())
             return Fail(draft.LineOf(key), ErrorCode::MissingKey, "current");
     for (const auto& [key, ids] : CurrentIdLists(field))

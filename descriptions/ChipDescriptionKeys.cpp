@@ -337,6 +337,20 @@ template <auto member, bool hostValues, bool required> bool Records(KeyValue& v)
     return !required || !out.empty() || v.Fail(v.value);
 }
 
+// A kind of host range, then "as-given" when the control takes it as the host gives it.
+template <auto kind, auto asGiven, const auto& kinds> bool HostRange(KeyValue& v) {
+    const bool given = v.words.size() == 2 && v.words[1] == "as-given";
+    if (v.words.size() != 1 && !given)
+        return v.Fail(v.value);
+    for (const auto& [word, meaning] : kinds)
+        if (v.words[0] == word) {
+            Into(v, kind) = meaning;
+            Into(v, asGiven) = given;
+            return true;
+        }
+    return v.Fail(v.words[0]);
+}
+
 // "caption", or "model" and the string id shown after the model.
 template <auto title, auto text> bool PageTitle(KeyValue& v) {
     if (v.words.size() == 1 && v.words[0] == "caption") {
@@ -427,8 +441,8 @@ constexpr Key kKeys[] = {
     {"notice", P, Word<&Page::notice, kNotices>, "how the host hears that the chip changed"},
     {"refresh-after-change", P, Word<&Page::refreshAfterChange, kYesNo>,
      "every control read again after a change"},
-    {"refresh-reads", P, Records<&Page::refreshReads, false, true>,
-     "what a fill from the chip reads, in order"},
+    {"refresh-reads", P, Records<&Page::refreshReads, true, true>,
+     "what a fill from the chip reads, in order, host values too"},
     {"default-id", P, Id<&Page::defaultId>, "the Default button's control id"},
     {"switches", P, Word<&Page::switchesPerClass, kSwitchesPerClass>,
      "switches kept for the class or the page"},
@@ -445,7 +459,8 @@ constexpr Key kKeys[] = {
     {"range", F, Range<&Field::minimum, &Field::maximum>, "the values the control offers"},
     {"cut-to-width", F, Word<&Field::cutToWidth, kYesNo>,
      "a range wider than the field, its low bits stored"},
-    {"host-range", F, Word<&Field::hostRange, kHostRanges>, "the range the host gives, within the field's"},
+    {"host-range", F, HostRange<&Field::hostRange, &Field::hostRangeAsGiven, kHostRanges>,
+     "the range the host gives, within the field's or as given"},
     {"default", F, Number<&Field::defaultValue>, "what the Default button writes"},
     {"control", F, Word<&Field::control, kControls>, "the control that edits the field"},
     {"items", F, Texts<&Field::items>, "the combo's items, in value order"},
@@ -459,6 +474,7 @@ constexpr Key kKeys[] = {
     {"reference-ids", F, Ids<&Field::referenceIds>, "the reference edits' control ids"},
     {"fraction-ids", F, Ids<&Field::fractionIds>, "the gain fractions' control ids"},
     {"current-ids", F, Ids<&Field::currentIds>, "the output currents' control ids"},
+    {"reference-decimals", F, Number<&Field::referenceDecimals, 0, 3>, "the reference edits' decimals"},
     {"group", F, Text<&Field::group>, "the title of the box around consecutive fields of a group"},
     {"on-fill", F, Word<&Field::onFill, kOnFill>, "what each fill from the chip writes into the field"},
     {"show-if", F, Name<&FieldDraft::showIfName>, "the field whose non-zero value shows this one"},

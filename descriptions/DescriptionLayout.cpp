@@ -80,7 +80,7 @@ private:
             ControlWidth(field) + (field.readout.empty() ? 0 : X(kReadoutGap) + ReadoutWidth(field));
         return std::max(cell, CurrentCellWidth(field));
     }
-    int ReferenceWidth() const;
+    int ReferenceWidth(const Field& field) const;
     int CurrentCellWidth(const Field& field) const;
     // Where the labels and the colours' columns are, as wide as their widest texts.
     struct Columns {
@@ -158,16 +158,20 @@ int Planner::ReadoutWidth(const Field& field) const {
     return widest + X(2);
 }
 
-int Planner::ReferenceWidth() const {
-    const int widest =
-        std::max(Measure(std::to_wstring(kReferenceMin)), Measure(std::to_wstring(kReferenceMax)));
+int Planner::ReferenceWidth(const Field& field) const {
+    const std::wstring decimals =
+        field.referenceDecimals > 0
+            ? L"." + std::wstring(static_cast<std::size_t>(field.referenceDecimals), L'0')
+            : std::wstring();
+    const int widest = std::max(Measure(std::to_wstring(kReferenceMin) + decimals),
+                                Measure(std::to_wstring(kReferenceMax) + decimals));
     return std::max(X(36), widest + X(8) + X(11));
 }
 
 int Planner::CurrentCellWidth(const Field& field) const {
     if (field.current.empty())
         return 0;
-    int widest = ReferenceWidth();
+    int widest = ReferenceWidth(field);
     for (const int reference : {1, kReferenceDefault})
         for (const int value : {field.minimum, field.maximum})
             if (const auto text = FormatCurrent(field.current, value, reference))
@@ -198,7 +202,7 @@ void Planner::AddCurrentRows(int row, const Field& field, const Columns& columns
             const int id = IdOr(current.ids, colour);
             if (current.role == Role::Reference) {
                 const int top = y + (Y(kRow) - Y(12)) / 2;
-                const Rect rect{x, top, x + ReferenceWidth() - X(kSpinWidth), top + Y(12)};
+                const Rect rect{x, top, x + ReferenceWidth(field) - X(kSpinWidth), top + Y(12)};
                 Add(Role::Reference, row, colour, id, {}, rect);
                 Add(Role::Spin, row, colour, 0, {},
                     {rect.right, rect.top, rect.right + X(kSpinWidth), rect.bottom});

@@ -40,18 +40,15 @@ const NamedReadout* Find(std::string_view name) {
 
 struct NamedCurrent {
     std::string_view name;
-    fm612x::CurrentReadout (*format)(int value, int reference);
+    fm612x::CurrentReadout (*format)(int value, float reference);
 };
 
 constexpr std::array<NamedCurrent, 2> kCurrents{{
     // FM6126 / FM6127 6-bit gain against the reference current.
-    {"gain6",
-     [](int gain, int reference) { return fm612x::Gain6Readout(gain, static_cast<float>(reference)); }},
+    {"gain6", [](int gain, float reference) { return fm612x::Gain6Readout(gain, reference); }},
     // FM6129 6-bit gain; the reference is in percent of the chip's current.
     {"fm6129",
-     [](int gain, int reference) {
-         return fm612x::Fm6129Readout(gain, fm612x::Fm6129Divisor(static_cast<float>(reference)));
-     }},
+     [](int gain, float reference) { return fm612x::Fm6129Readout(gain, fm612x::Fm6129Divisor(reference)); }},
 }};
 
 const NamedCurrent* FindCurrent(std::string_view name) {
@@ -63,11 +60,12 @@ const NamedCurrent* FindCurrent(std::string_view name) {
 
 } // namespace
 
-std::optional<CurrentText> FormatCurrent(std::string_view name, int value, int reference) {
+std::optional<CurrentText> FormatCurrent(std::string_view name, int value, double reference) {
     const NamedCurrent* current = FindCurrent(name);
     if (!current)
         return std::nullopt;
-    fm612x::CurrentReadout readout = current->format(value, reference);
+    // The chips' read-outs work in single precision.
+    fm612x::CurrentReadout readout = current->format(value, static_cast<float>(reference));
     return CurrentText{std::move(readout.fraction), std::move(readout.current)};
 }
 

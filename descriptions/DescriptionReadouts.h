@@ -13,12 +13,12 @@ std::optional<std::wstring> FormatReadout(std::string_view name, int value);
 bool IsReadout(std::string_view name);
 
 // An output-current read-out: the gain as a fraction of the full current, and the current it gives
-// against the reference the operator entered (0 shows a current of 0).
+// against the reference the operator entered, decimals and all (0 shows a current of 0).
 struct CurrentText {
     std::wstring fraction;
     std::wstring current;
 };
-std::optional<CurrentText> FormatCurrent(std::string_view name, int value, int reference);
+std::optional<CurrentText> FormatCurrent(std::string_view name, int value, double reference);
 bool IsCurrentReadout(std::string_view name);
 
 } // namespace chipdesc

@@ -59,11 +59,16 @@ void CChipDialog::WriteRecord(Record20& record) const {
     WriteWhole(m_chip, HostRecord::Record20, record);
 }
 
-std::pair<int, int> CChipDialog::HostGainRange() const {
+std::pair<int, int> CChipDialog::HostGainBytes() const {
     if (!m_chip)
         return {0, 0};
     const int minimum = static_cast<std::uint8_t>(m_chip->GetGainMin());
     const int maximum = static_cast<std::uint8_t>(m_chip->GetGainMax());
+    return {minimum, maximum};
+}
+
+std::pair<int, int> CChipDialog::HostGainRange() const {
+    const auto [minimum, maximum] = HostGainBytes();
     return {std::min(minimum, maximum), std::max(minimum, maximum)};
 }
 

@@ -83,8 +83,9 @@ public:
     void WriteBlock(RegBlock& block) const;
     Record20 ReadRecord() const;
     void WriteRecord(Record20& record) const;
-    // The host's gain range as bytes, lowest first (a host that gives them the other way round
-    // still gets a usable slider).
+    // The host's gain minimum and maximum, each as a byte, as the host gives them.
+    std::pair<int, int> HostGainBytes() const;
+    // The same, lowest first (a host that gives them the other way round still gets a usable slider).
     std::pair<int, int> HostGainRange() const;
 
 protected:

@@ -25,6 +25,11 @@ std::wstring TranslateId(std::string_view id) {
     return Tr(Utf8ToWide(id));
 }
 
+// The class keeps a reference as a whole number: its decimals are dropped.
+int KeptReference(const CNumberEdit& reference) {
+    return static_cast<int>(reference.GetValue());
+}
+
 struct WindowKind {
     const wchar_t* windowClass;
     DWORD style;
@@ -136,18 +141,15 @@ void CDescribedPage::OnInitControls() {
         SetWindowText(ChipModelName(Chip()) + L" " + TranslateId(page.titleString));
     }
     CreateControls();
-    for (ControlSlot& slot : m_slots) {
-        const Field& field = FieldOf(slot);
-        if (IsHostValue(field.source)) {
-            // The host's value is shown, never edited; it is read when the page opens.
-            const int hostValue = Chip() ? ReadHostValue(*Chip(), field.source) : 0;
-            const int value = std::clamp(hostValue, field.minimum, field.maximum);
-            ShowValue(slot, value);
-            UpdateReadout(slot, value);
-        }
-        if (!field.Editable())
+    // A host value is shown, never edited; one the fills do not read is read when the page opens.
+    const std::vector<Source> fillReads = m_description->RefreshReads();
+    for (const Field& field : m_description->fields)
+        if (IsHostValue(field.source) &&
+            std::find(fillReads.begin(), fillReads.end(), field.source) == fillReads.end())
+            ShowHostValue(field.source);
+    for (ControlSlot& slot : m_slots)
+        if (!FieldOf(slot).Editable())
             ::EnableWindow(slot.window, FALSE);
-    }
 }
 
 // The layout of a description in the language and the font in use. Measuring every text is most of
@@ -219,6 +221,7 @@ void CDescribedPage::CreateControls() {
         } else if (planned.role == Role::Reference) {
             edit = std::make_unique<CNumberEdit>();
             edit->SetRange(kReferenceMin, kReferenceMax);
+            edit->SetPrecision(fields[static_cast<std::size_t>(m_currentField)].referenceDecimals);
             edit->SetValue(Settings().reference[static_cast<std::size_t>(planned.colour)]);
             text = edit->Format(edit->GetValue());
         }
@@ -333,17 +336,34 @@ int CDescribedPage::ControlValue(const ControlSlot& slot) const {
     return 0;
 }
 
-void CDescribedPage::UpdateReadout(const ControlSlot& slot, int value) const {
+void CDescribedPage::ShowChipValue(ControlSlot& slot, int value) {
+    slot.value = value;
+    ShowValue(slot, value);
+    UpdateReadout(slot);
+}
+
+void CDescribedPage::UpdateReadout(const ControlSlot& slot) const {
     if (!slot.readout)
         return;
-    if (const auto text = FormatReadout(FieldOf(slot).readout, value))
+    if (const auto text = FormatReadout(FieldOf(slot).readout, slot.value))
         ::SetWindowTextW(slot.readout, text->c_str());
+}
+
+void CDescribedPage::ShowHostValue(Source source) {
+    const int value = Chip() ? ReadHostValue(*Chip(), source) : 0;
+    for (ControlSlot& slot : m_slots)
+        if (FieldOf(slot).source == source)
+            ShowChipValue(slot, value);
 }
 
 void CDescribedPage::RefreshFromChip() {
     std::array<Bytes, kSourceCount> records{};
     std::array<bool, kSourceCount> read{};
     for (const Source source : m_description->RefreshReads()) {
+        if (IsHostValue(source)) {
+            ShowHostValue(source);
+            continue;
+        }
         records[static_cast<std::size_t>(source)] = ReadSource(source);
         read[static_cast<std::size_t>(source)] = true;
     }
@@ -361,7 +381,7 @@ void CDescribedPage::ShowSwitches() {
         for (int colour = 0; colour < kColourCount; ++colour)
             if (CNumberEdit* reference = m_current[static_cast<std::size_t>(colour)].reference.get();
                 reference &&
-                reference->GetValueInt() != Settings().reference[static_cast<std::size_t>(colour)])
+                KeptReference(*reference) != Settings().reference[static_cast<std::size_t>(colour)])
                 reference->SetValue(Settings().reference[static_cast<std::size_t>(colour)]);
         CheckButton(m_currentSwitchId, Settings().showCurrent != 0);
         UpdateCurrentGroup();
@@ -375,9 +395,9 @@ void CDescribedPage::UpdateCurrent(int colour) {
     int value = 0;
     for (const ControlSlot& slot : m_slots)
         if (slot.field == m_currentField && slot.colour == colour)
-            value = ControlValue(slot);
+            value = slot.value;
     const auto text = FormatCurrent(m_description->fields[static_cast<std::size_t>(m_currentField)].current,
-                                    value, current.reference->GetValueInt());
+                                    value, current.reference->GetValue());
     if (!text)
         return;
     ::SetWindowTextW(current.fraction, text->fraction.c_str());
@@ -405,9 +425,7 @@ void CDescribedPage::ShowRecords(const std::array<Bytes, kSourceCount>& records,
         const Field& field = FieldOf(slot);
         if (IsHostValue(field.source) || !wasRead(field))
             continue;
-        const int value = ReadValue(field, records[static_cast<std::size_t>(field.source)], slot.colour);
-        ShowValue(slot, value);
-        UpdateReadout(slot, value);
+        ShowChipValue(slot, ReadValue(field, records[static_cast<std::size_t>(field.source)], slot.colour));
     }
     ShowFieldsTheyAllow(records, read);
 }
@@ -465,9 +483,12 @@ void CDescribedPage::ChangeField(int fieldIndex, const std::array<int, kColourCo
     if (page.refreshAfterChange) {
         RefreshFromChip();
     } else {
-        for (const ControlSlot& slot : m_slots)
-            if (slot.field == fieldIndex)
-                UpdateReadout(slot, ControlValue(slot));
+        // What the chip now holds, cut to the field's width, whatever the control shows.
+        for (ControlSlot& slot : m_slots)
+            if (slot.field == fieldIndex && touched[static_cast<std::size_t>(slot.colour)]) {
+                slot.value = ReadValue(field, record, slot.colour);
+                UpdateReadout(slot);
+            }
         // A field the operator just set may be what shows or hides others.
         std::array<Bytes, kSourceCount> records{};
         std::array<bool, kSourceCount> read{};
@@ -489,14 +510,15 @@ void CDescribedPage::OnControlChanged(ControlSlot& slot) {
     std::array<bool, kColourCount> touched{};
     const int value = ControlValue(slot);
     if (field.colours == Colours::Linked) {
-        // Every change writes the three colours; linked, the moved control sets the other two.
+        // Every change writes the three colours; linked, the moved control sets the other two, else
+        // they keep what the chip holds.
         const bool linked = LinkSwitch() != 0;
         for (ControlSlot& other : m_slots) {
             if (other.field != slot.field)
                 continue;
             if (linked && &other != &slot)
                 ShowValue(other, value);
-            values[static_cast<std::size_t>(other.colour)] = linked ? value : ControlValue(other);
+            values[static_cast<std::size_t>(other.colour)] = linked || &other == &slot ? value : other.value;
             touched[static_cast<std::size_t>(other.colour)] = true;
         }
     } else {
@@ -594,13 +616,18 @@ void CDescribedPage::ApplyHostRanges() {
         if (field.hostRange.empty())
             continue;
         if (!gainRange)
-            gainRange = HostGainRange();
-        // A host range outside what the field holds leaves the field's own.
-        int minimum = std::max(gainRange->first, field.minimum);
-        int maximum = std::min(gainRange->second, field.maximum);
-        if (minimum > maximum) {
-            minimum = field.minimum;
-            maximum = field.maximum;
+            gainRange = HostGainBytes();
+        int minimum = gainRange->first;
+        int maximum = gainRange->second;
+        if (!field.hostRangeAsGiven) {
+            // Lowest first, within what the field holds; a range outside it leaves the field's own.
+            const auto [lowest, highest] = std::minmax(gainRange->first, gainRange->second);
+            minimum = std::max(lowest, field.minimum);
+            maximum = std::min(highest, field.maximum);
+            if (minimum > maximum) {
+                minimum = field.minimum;
+                maximum = field.maximum;
+            }
         }
         if (field.control == Control::Slider) {
             ::SendMessageW(slot.window, TBM_SETRANGEMIN, FALSE, minimum);
@@ -616,7 +643,7 @@ void CDescribedPage::OnNumberEditChanged(UINT id, HWND edit) {
         const CurrentColour& current = m_current[static_cast<std::size_t>(colour)];
         if (!current.reference || current.reference->GetSafeHwnd() != edit)
             continue;
-        Settings().reference[static_cast<std::size_t>(colour)] = current.reference->GetValueInt();
+        Settings().reference[static_cast<std::size_t>(colour)] = KeptReference(*current.reference);
         if (Settings().showCurrent)
             UpdateCurrent(colour);
         ShowSwitchesOnPagesSharingThem();

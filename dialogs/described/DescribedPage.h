@@ -51,6 +51,9 @@ private:
         HWND readout = nullptr;
         std::unique_ptr<CNumberEdit> edit;
         std::wstring shownText; // what a hex edit showed before the operator typed
+        // What the chip holds, as decoded from it or as last written: read-outs and writes of the
+        // other colours take it, whatever the control can show.
+        int value = 0;
     };
 
     const chipdesc::Field& FieldOf(const ControlSlot& slot) const {
@@ -68,7 +71,11 @@ private:
     int SnapshotValue(const chipdesc::Field& field, int colour) const;
     void ShowValue(ControlSlot& slot, int value);
     int ControlValue(const ControlSlot& slot) const;
-    void UpdateReadout(const ControlSlot& slot, int value) const;
+    // The chip's value kept, shown as far as the control can, and read out.
+    void ShowChipValue(ControlSlot& slot, int value);
+    void UpdateReadout(const ControlSlot& slot) const;
+    // A host value read and shown in the fields showing it.
+    void ShowHostValue(chipdesc::Source source);
     // Shows the fields of the records marked read.
     void ShowRecords(const std::array<Bytes, chipdesc::kSourceCount>& records,
                      const std::array<bool, chipdesc::kSourceCount>& read);
@@ -101,7 +108,7 @@ private:
     struct ClassSettings {
         int linked = 0;
         int showCurrent = 0;
-        std::array<int, chipdesc::kColourCount> reference{};
+        std::array<int, chipdesc::kColourCount> reference{}; // whole numbers, whatever the edits take
     };
     ClassSettings& Settings() const;
     int& LinkSwitch() const;

@@ -98,6 +98,8 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {replace("link = IDS_Link", "link = IDS_Link\ndefault-id = 9"), 4, ErrorCode::MissingKey},
         {replace("link = IDS_Link", "link = IDS_Link\nswitches = module"), 4, ErrorCode::BadValue},
         {replace("control = slider", "control = slider\nhost-range = count"), 10, ErrorCode::BadValue},
+        {replace("control = slider", "control = slider\nhost-range = gain exactly"), 10, ErrorCode::BadValue},
+        {replace("control = slider", "control = slider\nreference-decimals = 1"), 10, ErrorCode::MissingKey},
         // Written on every fill: the value read again, or the host's count into one value.
         {replace("control = slider", "control = slider\non-fill = always"), 10, ErrorCode::BadValue},
         {replace("control = combo", "control = combo\non-fill = count"), 16, ErrorCode::BadValue},

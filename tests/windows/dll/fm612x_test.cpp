@@ -387,4 +387,76 @@ TEST(Fm612xPages, Fm6129ExEditsTouchOneFieldAndTheSecondBufferCountsAsChange) {
     EXPECT_EQ(chip.CountCalls("MarkModified"), 2);
 }
 
+// What the chip holds, not what a control can show: read-outs and the colours a change does not move
+// keep the chip's value, the references take decimals, host ranges and values come as the host gives.
+class Fm612xChipValues : public PageTest {};
+
+TEST_F(Fm612xChipValues, Fm6126ReadsOutTheChipsGainBelowItsSliderWithDecimalReferences) {
+    SimulatedChip chip(kFM6126Type); // all zero: G = 3 in every colour (the low bits stored inverted)
+    HWND page = Open(kFM6126Type, &chip);
+    SetCheck(page, kGainLink, false);
+    SetCheck(page, kGainShowCurrent, true);
+    EXPECT_EQ(SliderPos(page, kGainSliders[kRed]), 15);
+    EXPECT_EQ(ItemText(page, kGainPercent[kRed]), L"6%");      // 4 x 1.5625 = 6.25
+    EXPECT_EQ(ItemText(page, kGainFraction[kRed]), L"0.1");    // round(62.5) / 1000 = 0.063
+    EXPECT_EQ(ItemText(page, kGainCurrent[kRed]), L"0.06 mA"); // 0.063 / 1000 x 1000
+
+    // Red to 61 (111 1 01, low bits stored 10), green to 31 (011 1 11, stored 00); blue keeps 3.
+    MoveSlider(page, kGainSliders[kRed], 61);
+    MoveSlider(page, kGainSliders[kGreen], 31);
+    std::array<std::uint8_t, 16> expected{};
+    expected[2] = 0x07;
+    expected[3] = 0x88;
+    expected[4] = 0x03;
+    expected[5] = 0x80;
+    EXPECT_EQ(chip.regData, expected);
+    EXPECT_EQ(ItemText(page, kGainCurrent[kBlue]), L"0.06 mA");
+
+    // 61: round(968.75) / 1000 = 0.969, / 1234.5 x 1000 = 0.7849 (0.7853 against 1234);
+    // 31: 0.5 / 1234.5 x 1000 = 0.40502 (0.40486 against 1235).
+    Enter(page, kGainReference[kRed], L"1234.5");
+    Enter(page, kGainReference[kGreen], L"1234.5");
+    EXPECT_EQ(ItemText(page, kGainReference[kRed]), L"1234.5");
+    EXPECT_EQ(ItemText(page, kGainFraction[kRed]), L"1.0");
+    EXPECT_EQ(ItemText(page, kGainCurrent[kRed]), L"0.78 mA");
+    EXPECT_EQ(ItemText(page, kGainFraction[kGreen]), L"0.5");
+    EXPECT_EQ(ItemText(page, kGainCurrent[kGreen]), L"0.41 mA");
+
+    // The class keeps whole numbers: a page opened anew starts from 1234.
+    HWND again = Open(kFM6126Type, &chip);
+    EXPECT_EQ(ItemText(again, kGainReference[kRed]), L"1234.0");
+    EXPECT_EQ(ItemText(again, kGainCurrent[kRed]), L"0.79 mA");
+    for (const int colour : {kRed, kGreen})
+        Enter(again, kGainReference[colour], L"1000");
+    SetCheck(again, kGainShowCurrent, false);
+}
+
+TEST_F(Fm612xChipValues, Fm6129TakesTheHostRangeAsGivenAndFm6127ExRefillsTheHostValue) {
+    SimulatedChip fm6129(kFM6129Type);
+    fm6129.gainMin = 0x100; // 0 and 100 as bytes
+    fm6129.gainMax = 0x164;
+    HWND page = Open(kFM6129Type, &fm6129);
+    for (const int slider : Ids(21401)) {
+        EXPECT_EQ(SendMessageW(Item(page, slider), TBM_GETRANGEMIN, 0, 0), 0);
+        EXPECT_EQ(SendMessageW(Item(page, slider), TBM_GETRANGEMAX, 0, 0), 100);
+    }
+    MoveSlider(page, 21401, 100); // six bits of 100 stored: 36, read out 36 x 98.44 / 63 + 1.56
+    EXPECT_EQ(fm6129.regData[3], 36);
+    EXPECT_EQ(SliderPos(page, 21401), 100);
+    EXPECT_EQ(ItemText(page, 21404), L"58%");
+
+    SimulatedChip fm6127ex;
+    fm6127ex.sliderValue = 17;
+    page = Open(kFM6127EXType, &fm6127ex);
+    EXPECT_EQ(SliderPos(page, 21226), 17);
+    fm6127ex.sliderValue = 42;
+    SendMessageW(page, 0x0903, 0, 0);
+    EXPECT_EQ(SliderPos(page, 21226), 42);
+    EXPECT_EQ(ItemText(page, 21227), L"42");
+    fm6127ex.sliderValue = 70; // beyond the slider: read out as it is
+    Enter(page, Fm6127ExEdit(kFm6127ExLowGrey, kRed), L"3");
+    EXPECT_EQ(SliderPos(page, 21226), 63);
+    EXPECT_EQ(ItemText(page, 21227), L"70");
+}
+
 } // namespace
