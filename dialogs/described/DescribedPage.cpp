@@ -380,8 +380,7 @@ void CDescribedPage::ShowSwitches() {
     if (m_currentSwitchId) {
         for (int colour = 0; colour < kColourCount; ++colour)
             if (CNumberEdit* reference = m_current[static_cast<std::size_t>(colour)].reference.get();
-                reference &&
-                KeptReference(*reference) != Settings().reference[static_cast<std::size_t>(colour)])
+                reference && reference->GetValue() != Settings().reference[static_cast<std::size_t>(colour)])
                 reference->SetValue(Settings().reference[static_cast<std::size_t>(colour)]);
         CheckButton(m_currentSwitchId, Settings().showCurrent != 0);
         UpdateCurrentGroup();

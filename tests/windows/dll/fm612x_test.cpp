@@ -422,7 +422,10 @@ TEST_F(Fm612xChipValues, Fm6126ReadsOutTheChipsGainBelowItsSliderWithDecimalRefe
     EXPECT_EQ(ItemText(page, kGainFraction[kGreen]), L"0.5");
     EXPECT_EQ(ItemText(page, kGainCurrent[kGreen]), L"0.41 mA");
 
-    // The class keeps whole numbers: a page opened anew starts from 1234.
+    // The class keeps whole numbers, and every fill puts them back: a re-read, or a page opened anew,
+    // starts from 1234.
+    SendMessageW(page, 0x0903, 0, 0);
+    EXPECT_EQ(ItemText(page, kGainReference[kRed]), L"1234.0");
     HWND again = Open(kFM6126Type, &chip);
     EXPECT_EQ(ItemText(again, kGainReference[kRed]), L"1234.0");
     EXPECT_EQ(ItemText(again, kGainCurrent[kRed]), L"0.79 mA");
