@@ -113,22 +113,39 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
     };
     for (const auto& bad : cases) {
         const ParseError error = ErrorOf(bad.text);
-        EXPECT_EQ(error.line, bad.line) << ReasonStringId(error.code) << " " << error.detail << "\n" << bad.text;
-        EXPECT_EQ(error.code, bad.code) << ReasonStringId(error.code) << " " << error.detail << "\n" << bad.text;
+        SCOPED_TRACE(std::string(ReasonStringId(error.code)) + " " + error.detail + "\n" + bad.text);
+        EXPECT_EQ(error.line, bad.line);
+        EXPECT_EQ(error.code, bad.code);
     }
+}
+
+// The description `text` parses to, reporting why when it does not.
+Description Parsed(const std::string& text, const KnownStringId& isStringId, const std::string& what) {
+    ParseResult result = Parse(text, isStringId);
+    if (auto* error = std::get_if<ParseError>(&result)) {
+        ADD_FAILURE() << what << " line " << error->line << ": " << ReasonStringId(error->code) << " "
+                      << error->detail;
+        return {};
+    }
+    return std::get<Description>(result);
 }
 
 // A field of the given bits and coding, on its own page.
 Field FieldOf(const std::string& bits, const std::string& coding) {
-    const std::string text =
-        "[page]\nclass = CRegvaneExampleChip\n[field f]\nlabel = IDS_F\ncontrol = number\nbits = " + bits +
-        "\ncoding = " + coding + "\n";
-    ParseResult result = Parse(text, AnyId);
-    if (auto* error = std::get_if<ParseError>(&result)) {
-        ADD_FAILURE() << bits << " " << coding << ": " << ReasonStringId(error->code) << " " << error->detail;
-        return {};
-    }
-    return std::get<Description>(result).fields[0];
+    return Parsed("[page]\nclass = CRegvaneExampleChip\n[field f]\nlabel = IDS_F\ncontrol = number\nbits = " +
+                      bits + "\ncoding = " + coding + "\n",
+                  AnyId, bits + " " + coding)
+        .fields.at(0);
+}
+
+// The bits of the register block a field's runs take, in every copy.
+std::array<std::uint8_t, 16> BitsOf(const Field& field) {
+    std::array<std::uint8_t, 16> bits{};
+    for (const Position& position : field.positions)
+        for (const BitRun& run : position.runs)
+            for (const BitCopy& copy : run.copies)
+                bits.at(copy.byte) |= static_cast<std::uint8_t>(((1 << run.width) - 1) << copy.lsb);
+    return bits;
 }
 
 TEST(ChipDescription, EveryCodingKeepsEveryValueAndNoOtherBit) {
@@ -164,10 +181,7 @@ TEST(ChipDescription, EveryCodingKeepsEveryValueAndNoOtherBit) {
                               ReadStored({{BitRun{run.width, {run.copies[0]}}}}, block))
                         << "copies disagree";
             // Bits no run names are as they were.
-            std::array<std::uint8_t, 16> fieldBits{};
-            for (const BitRun& run : field.positions[0].runs)
-                for (const BitCopy& copy : run.copies)
-                    fieldBits[copy.byte] |= static_cast<std::uint8_t>(((1 << run.width) - 1) << copy.lsb);
+            const auto fieldBits = BitsOf(field);
             for (std::size_t i = 0; i < block.size(); ++i)
                 ASSERT_EQ(block[i] & ~fieldBits[i], before[i] & ~fieldBits[i]) << "byte " << i;
         }
@@ -185,13 +199,7 @@ std::string ReadSourceFile(const std::string& relative) {
 }
 
 Description Shipped(const std::string& className) {
-    ParseResult result =
-        Parse(ReadSourceFile("descriptions/chips/" + className + ".desc"), IsModuleStringId);
-    if (auto* error = std::get_if<ParseError>(&result)) {
-        ADD_FAILURE() << className << " line " << error->line << ": " << ReasonStringId(error->code) << " " << error->detail;
-        return {};
-    }
-    return std::get<Description>(result);
+    return Parsed(ReadSourceFile("descriptions/chips/" + className + ".desc"), IsModuleStringId, className);
 }
 
 TEST(ChipDescription, EveryShippedDescriptionIsValidNamedForItsClassAndTranslated) {
@@ -253,11 +261,8 @@ TEST(ChipDescription, TheGuideDocumentsEveryKeyOfEachSectionAndNoOther) {
 std::array<std::uint8_t, 16> BlockBitsOf(const Description& description) {
     std::array<std::uint8_t, 16> bits{};
     for (const Field& field : description.fields)
-        for (const Position& position : field.positions)
-            for (const BitRun& run : position.runs)
-                for (const BitCopy& copy : run.copies)
-                    if (field.source == Source::Block)
-                        bits.at(copy.byte) |= static_cast<std::uint8_t>(((1 << run.width) - 1) << copy.lsb);
+        for (std::size_t i = 0; field.source == Source::Block && i < bits.size(); ++i)
+            bits[i] |= BitsOf(field)[i];
     return bits;
 }
 

@@ -9,8 +9,11 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <functional>
+#include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 struct RegvaneLibrary {
@@ -41,69 +44,81 @@ private:
     HWND m_view = nullptr;
 };
 
-// Answers the message boxes a page shows while a test drives it: a second thread finds each visible
-// top-level dialog window of this process, notes its caption, text and icon style, and presses OK.
-// Each window is answered once.
-class MessageBoxWatcher {
-public:
-    MessageBoxWatcher();
-    ~MessageBoxWatcher();
-    MessageBoxWatcher(const MessageBoxWatcher&) = delete;
-    MessageBoxWatcher& operator=(const MessageBoxWatcher&) = delete;
+// Finds each visible top-level dialog window of this process until `stop`, and hands each to `answer`
+// until it takes it (true). Pages are children, never top-level: such a window is a message box or a
+// file dialog a page opened.
+void WatchDialogs(const std::atomic<bool>& stop, const std::function<bool(HWND)>& answer);
 
-    struct Box {
-        std::wstring caption;
-        std::wstring text;
-        bool hasInformationIcon;
-        bool hasErrorIcon;
-    };
-    std::vector<Box> Boxes() const;
+// Answers the dialogs a page shows while a test drives it, on a second thread, noting what each showed.
+template <class Seen> class DialogWatcher {
+public:
+    ~DialogWatcher() { Stop(); }
+    std::vector<Seen> Noted() const {
+        std::lock_guard lock(m_lock);
+        return m_seen;
+    }
+
+protected:
+    explicit DialogWatcher(std::function<bool(HWND)> answer)
+        : m_thread([this, answer] { WatchDialogs(m_stop, answer); }) {}
+    void Stop() {
+        m_stop = true;
+        if (m_thread.joinable())
+            m_thread.join();
+    }
+    template <class Fn> void Note(Fn note) {
+        std::lock_guard lock(m_lock);
+        note(m_seen);
+    }
 
 private:
-    static DWORD WINAPI Run(void* self);
-    volatile LONG m_stop = 0;
-    HANDLE m_thread = nullptr;
-    mutable CRITICAL_SECTION m_lock;
-    std::vector<Box> m_seen;
-    std::vector<HWND> m_answered;
+    std::atomic<bool> m_stop{false};
+    mutable std::mutex m_lock;
+    std::vector<Seen> m_seen;
+    std::thread m_thread; // last: it starts once the rest is made
 };
 
-// Answers the common file dialogs (open and save) a page shows while a test drives it: a second
-// thread finds each visible file dialog of this process, notes what it offers, types the next
-// queued path into its file-name field and presses its OK button, or cancels when the queued
-// answer is empty (and when the queue is used up). A question the file dialog itself asks
-// ("replace the existing file?") is answered Yes. Each dialog is answered once.
-class FileDialogWatcher {
-public:
-    explicit FileDialogWatcher(std::vector<std::wstring> answers);
-    ~FileDialogWatcher();
-    FileDialogWatcher(const FileDialogWatcher&) = delete;
-    FileDialogWatcher& operator=(const FileDialogWatcher&) = delete;
+struct MessageBoxSeen {
+    std::wstring caption;
+    std::wstring text;
+    bool hasInformationIcon;
+    bool hasErrorIcon;
+};
 
+// Presses OK on every message box, noting its caption, text and icon style.
+class MessageBoxWatcher : public DialogWatcher<MessageBoxSeen> {
+public:
+    using Box = MessageBoxSeen;
+    MessageBoxWatcher();
+    std::vector<Box> Boxes() const { return Noted(); }
+};
+
+struct FileDialogSeen {
+    std::wstring proposedName;           // the file-name field as the dialog opened
+    std::vector<std::wstring> fileTypes; // the entries of the file-type list
+    std::vector<std::wstring> prompts;   // texts of the questions it asked before closing
+};
+
+// Answers the common file dialogs (open and save): types the next queued path into the file-name field
+// and presses OK, or cancels when the queued answer is empty (and when the queue is used up). A
+// question the file dialog itself asks ("replace the existing file?") is answered Yes.
+class FileDialogWatcher : public DialogWatcher<FileDialogSeen> {
+public:
+    using Dialog = FileDialogSeen;
+    explicit FileDialogWatcher(std::vector<std::wstring> answers);
+    ~FileDialogWatcher() { Stop(); } // before the probe goes
     // Runs on the watcher's thread while a file dialog is open, before it is answered.
     void WhileOpen(std::function<void()> probe) { m_probe = std::move(probe); }
-
-    struct Dialog {
-        std::wstring proposedName;           // the file-name field as the dialog opened
-        std::vector<std::wstring> fileTypes; // the entries of the file-type list
-        std::vector<std::wstring> prompts;   // texts of the questions it asked before closing
-    };
-    std::vector<Dialog> Dialogs() const;
+    std::vector<Dialog> Dialogs() const { return Noted(); }
 
 private:
-    static DWORD WINAPI Run(void* self);
-    std::vector<std::wstring> m_answers;
     std::function<void()> m_probe;
-    volatile LONG m_stop = 0;
-    HANDLE m_thread = nullptr;
-    mutable CRITICAL_SECTION m_lock;
-    std::vector<Dialog> m_seen;
-    std::vector<HWND> m_answered;
 };
 
 // Runs the message loop until nothing is pending.
 void PumpMessages();
-// The text of a dialog's control.
+// The text of a window, and of a dialog's control.
+std::wstring WindowText(HWND window);
 std::wstring ItemText(HWND dialog, int id);
 // Module-wide set-up every page test shares: library loaded, callback installed, English loaded.
 SimulatedHostCallback& InstallHostCallback(int language = 3);

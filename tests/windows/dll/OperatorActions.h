@@ -27,9 +27,7 @@ inline bool Shown(HWND page, int id) {
     return (GetWindowLongPtrW(Item(page, id), GWL_STYLE) & WS_VISIBLE) != 0;
 }
 inline std::wstring Title(HWND page) {
-    wchar_t text[128] = {};
-    GetWindowTextW(page, text, 128);
-    return text;
+    return WindowText(page);
 }
 
 // What a page posts to its host stays queued until the test pumps messages.
@@ -74,7 +72,9 @@ protected:
 
     // The page of a chip type as the host opens and shows it; the chip's log starts after the opening.
     HWND Open(int chipType, SimulatedChip* chip, const wchar_t* caption = L"") {
-        HWND page = RegvaneLibrary::Get().CreateRegvaneHwnd(chipType, chip, caption, host.View());
+        return Show(RegvaneLibrary::Get().CreateRegvaneHwnd(chipType, chip, caption, host.View()), chip);
+    }
+    HWND Show(HWND page, SimulatedChip* chip) {
         EXPECT_NE(page, nullptr);
         opened.push_back(page);
         ShowWindow(page, SW_SHOW);

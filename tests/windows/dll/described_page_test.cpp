@@ -107,12 +107,9 @@ protected:
     }
     void Open() {
         wchar_t problem[512] = {};
-        page = lib.RegvaneCreateDescribedPage(path.c_str(), &chip, L"", host.View(), problem, 512);
+        page =
+            Show(lib.RegvaneCreateDescribedPage(path.c_str(), &chip, L"", host.View(), problem, 512), &chip);
         ASSERT_NE(page, nullptr) << std::string(problem, problem + wcslen(problem));
-        opened.push_back(page);
-        ShowWindow(page, SW_SHOW);
-        PumpMessages();
-        chip.ClearLog();
     }
 
     RegvaneLibrary& lib = RegvaneLibrary::Get();

@@ -20,12 +20,6 @@
 
 namespace {
 
-std::wstring TextOf(HWND window) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
-
 // A device context with the control's font selected, for measuring as the control draws.
 class ControlDc {
 public:
@@ -37,8 +31,6 @@ public:
         SelectObject(m_dc, m_old);
         ReleaseDC(m_control, m_dc);
     }
-    ControlDc(const ControlDc&) = delete;
-    ControlDc& operator=(const ControlDc&) = delete;
 
     // The rectangle DrawText lays the text out in when it may use `width` pixels.
     SIZE Layout(const std::wstring& text, UINT format, int width) const {
@@ -207,31 +199,22 @@ std::string ControlMisfits(HWND control) {
         if (style & SS_NOPREFIX)
             format |= DT_NOPREFIX;
     } else if (kind == L"button") {
-        switch (style & BS_TYPEMASK) {
-        case BS_PUSHBUTTON:
-        case BS_DEFPUSHBUTTON:
+        const LONG_PTR type = style & BS_TYPEMASK;
+        if (type == BS_PUSHBUTTON || type == BS_DEFPUSHBUTTON)
             room = {room.cx - 2 * 3, room.cy - 2 * 3};
-            break;
-        case BS_CHECKBOX:
-        case BS_AUTOCHECKBOX:
-        case BS_RADIOBUTTON:
-        case BS_AUTORADIOBUTTON:
-        case BS_3STATE:
-        case BS_AUTO3STATE:
-            room.cx -= GetSystemMetrics(SM_CXMENUCHECK) + dc.HalfDigitWidth() + 1;
-            break;
-        case BS_GROUPBOX:
+        else if (type == BS_GROUPBOX)
             room.cx -= 2 * 8;
-            break;
-        default:
+        else if (type == BS_CHECKBOX || type == BS_AUTOCHECKBOX || type == BS_RADIOBUTTON ||
+                 type == BS_AUTORADIOBUTTON || type == BS_3STATE || type == BS_AUTO3STATE)
+            room.cx -= GetSystemMetrics(SM_CXMENUCHECK) + dc.HalfDigitWidth() + 1;
+        else
             return {}; // owner-drawn: the page draws it
-        }
         if (style & BS_MULTILINE)
             format = DT_WORDBREAK;
     } else {
         return {};
     }
-    const std::wstring text = TextOf(control);
+    const std::wstring text = WindowText(control);
     return text.empty() ? std::string() : Misfit(dc, text, format, room);
 }
 
@@ -255,7 +238,7 @@ struct PageToCheck {
 // register editor under their own template numbers, with its texts: the editor stands for them,
 // under every register kind a host can give, since each kind shows other controls and names them
 // differently.
-std::vector<PageToCheck> PagesToCheck(HMODULE module) {
+std::vector<PageToCheck> PagesToCheck() {
     std::vector<PageToCheck> pages;
     std::set<std::string> seen;
     for (const CatalogEntry& row : ChipCatalog()) {
@@ -277,7 +260,7 @@ TEST_P(TranslatedLabels, FitTheirControlsOnEveryPage) {
     RegvaneLibrary& lib = RegvaneLibrary::Get();
     HostFrame host;
     int checked = 0;
-    for (const PageToCheck& check : PagesToCheck(lib.module)) {
+    for (const PageToCheck& check : PagesToCheck()) {
         SimulatedChip chip;
         SetUpSimulatedChip(chip, check.row.chipType, check.row.subType);
         if (check.registerKind)

@@ -9,13 +9,11 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <string>
 
 namespace {
 
 namespace fs = std::filesystem;
-using Calls = std::vector<std::string>;
 
 constexpr int kRawPageType = 7;            // CRegvane_SUM2018, a page class without a description of its own
 constexpr int kDescribedType = 65536 + 48; // CRegvaneFM6129Ex, which ships a description
@@ -27,12 +25,6 @@ fs::path PathOf(const char* className) {
     GetModuleFileNameW(nullptr, program, MAX_PATH);
     return fs::path(program).parent_path() / "../../Language/Hw/Regvane/Chips" /
            (className + std::string(".desc"));
-}
-
-std::wstring WindowText(HWND window) {
-    wchar_t text[512] = {};
-    GetWindowTextW(window, text, 512);
-    return text;
 }
 
 // The caption of a page and the texts of all its windows.
@@ -61,7 +53,7 @@ class DescriptionFolder : public ::testing::Test {
 protected:
     void SetUp() override {
         InstallHostCallback();
-        TearDown();
+        DescriptionFolder::TearDown();
     }
     void TearDown() override { fs::remove_all(PathOf("").parent_path()); }
     HWND Open(int type) {
@@ -80,16 +72,11 @@ TEST_F(DescriptionFolder, AFileDroppedIntoTheFolderTurnsARawPageIntoARealOne) {
     EXPECT_NE(GetDlgItem(Open(kRawPageType), kRawByteEdit), nullptr);
 
     Write("CRegvane_SUM2018", 4, 500);
+    // What its controls write is the described page's, held by its own tests.
     HWND page = Open(kRawPageType);
-    HWND edit = GetDlgItem(page, 500);
-    ASSERT_NE(edit, nullptr);
+    EXPECT_NE(GetDlgItem(page, 500), nullptr);
     EXPECT_EQ(GetDlgItem(page, kRawByteEdit), nullptr);
     EXPECT_STREQ(lib.RegvaneDialogClassName(page), "CRegvane_SUM2018");
-    chip.ClearLog();
-    SetWindowTextW(edit, L"165");
-    SendMessageW(edit, WM_KEYDOWN, VK_RETURN, 0);
-    EXPECT_EQ(chip.regData[4], 165);
-    EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "MarkModified", "UpdateHostState"}));
 
     // The module parses a file once while it stays the same (its time and size): a file rewritten to
     // the same size and given back its time is not read again ...
@@ -148,22 +135,18 @@ TEST_F(DescriptionFolder, ABrokenFileLeavesTheRawEditorWritesNothingAndIsToldOnc
 // language where its files have a text and in English where they do not, without a message box.
 class HostLanguageFiles : public DescriptionFolder {
 protected:
+    // The shipped language files are set aside for the test and put back after it.
     void SetUp() override {
         DescriptionFolder::SetUp();
-        for (const auto& entry : fs::directory_iterator(LanguageFolder()))
-            if (entry.is_regular_file()) {
-                std::ifstream in(entry.path(), std::ios::binary);
-                shipped[entry.path()] = std::string(std::istreambuf_iterator<char>(in), {});
-            }
-        for (const auto& file : shipped)
-            fs::remove(file.first);
+        fs::rename(LanguageFolder(), SetAside());
+        fs::create_directories(LanguageFolder());
     }
     void TearDown() override {
-        for (const auto& [path, bytes] : shipped)
-            std::ofstream(path, std::ios::binary) << bytes;
-        DescriptionFolder::TearDown();
+        fs::remove_all(LanguageFolder());
+        fs::rename(SetAside(), LanguageFolder());
     }
     static fs::path LanguageFolder() { return PathOf("").parent_path().parent_path(); }
+    static fs::path SetAside() { return LanguageFolder().string() + "-shipped"; }
 
     // Opens each described page and returns the texts its windows show.
     std::vector<std::wstring> OpenEveryDescribedPage(int language) {
@@ -188,8 +171,8 @@ protected:
     }
 
     // Every page class that ships a description, by one of its chip types.
-    static constexpr int kDescribedTypes[] = {179, 184, 120, 259, 65536 + 15, 65536 + 25, 65536 + 41, 65536 + 48};
-    std::map<fs::path, std::string> shipped;
+    static constexpr int kDescribedTypes[] = {179,        184,        120,        259,
+                                              65536 + 15, 65536 + 25, 65536 + 41, 65536 + 48};
 };
 
 TEST_F(HostLanguageFiles, WithOnlyAFewOfOurTextsOrNoneEveryDescribedPageOpensDescribedInEnglish) {
@@ -197,12 +180,14 @@ TEST_F(HostLanguageFiles, WithOnlyAFewOfOurTextsOrNoneEveryDescribedPageOpensDes
     std::ofstream(LanguageFolder() / "Multi_eng.ini", std::ios::binary)
         << "\xEF\xBB\xBF[String]\r\nIDS_Red=Red\r\nIDS_Green=Green\r\nIDS_Blue=Blue\r\n";
     std::ofstream(LanguageFolder() / "Multi_French.ini", std::ios::binary)
-        << "\xEF\xBB\xBF[String]\r\nIDS_Red=Rouge\r\nIDS_Default=Par d\xC3\xA9" "faut\r\n";
+        << "\xEF\xBB\xBF[String]\r\nIDS_Red=Rouge\r\nIDS_Default=Par d\xC3\xA9"
+           "faut\r\n";
     MessageBoxWatcher boxes;
     std::vector<std::wstring> french = OpenEveryDescribedPage(4);
     ExpectNoBareIds(french);
-    EXPECT_TRUE(Has(french, L"Rouge"));                // the host's own translation
-    EXPECT_TRUE(Has(french, L"Par d\u00e9" "faut"));
+    EXPECT_TRUE(Has(french, L"Rouge")); // the host's own translation
+    EXPECT_TRUE(Has(french, L"Par d\u00e9"
+                            "faut"));
     EXPECT_TRUE(Has(french, L"Green"));                // its English file behind it
     EXPECT_TRUE(Has(french, L"Link the three gains")); // the module's own English behind both
 

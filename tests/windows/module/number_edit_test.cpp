@@ -14,29 +14,26 @@ namespace {
 constexpr int kEditId = 1042;
 int g_notices = 0;
 
-LRESULT CALLBACK ParentProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK ParentProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
     if (message == kNumberEditValueChanged) {
         EXPECT_EQ(wParam, WPARAM(kEditId));
         EXPECT_EQ(GetDlgItem(window, kEditId), reinterpret_cast<HWND>(lParam));
         ++g_notices;
     }
-    return DefWindowProcW(window, message, wParam, lParam);
+    return DefSubclassProc(window, message, wParam, lParam);
 }
 
 class NumberEdit : public ::testing::Test {
 protected:
     void SetUp() override {
-        static const ATOM registered = [] {
+        static const BOOL controls = [] {
             INITCOMMONCONTROLSEX classes{sizeof classes, ICC_UPDOWN_CLASS | ICC_STANDARD_CLASSES};
-            InitCommonControlsEx(&classes);
-            WNDCLASSW wc{};
-            wc.lpfnWndProc = ParentProc;
-            wc.lpszClassName = L"NumberEditTestParent";
-            return RegisterClassW(&wc);
+            return InitCommonControlsEx(&classes);
         }();
-        ASSERT_NE(registered, 0);
-        parent = CreateWindowExW(0, L"NumberEditTestParent", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300,
-                                 200, nullptr, nullptr, nullptr, nullptr);
+        ASSERT_TRUE(controls);
+        parent = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300, 200, nullptr,
+                                 nullptr, nullptr, nullptr);
+        SetWindowSubclass(parent, ParentProc, 0, 0);
         window = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 10, 10, 80, 20, parent,
                                  reinterpret_cast<HMENU>(INT_PTR(kEditId)), nullptr, nullptr);
         other = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 10, 40, 80, 20, parent, nullptr,
