@@ -231,9 +231,9 @@ TEST_F(PageSoak, TheDesignerDrawingADescriptionAgainAndAgainKeepsNothing) {
     };
     for (int version = 0; version < 4; ++version)
         drawAgain(version);
-    const SoakFigures figures = Measure("designer, 200 drawings", [&](SoakFigures&) {
-        for (int version = 0; version < 200 && !HasFatalFailure(); ++version)
-            drawAgain(version);
+    const SoakFigures figures = Measure("designer", [&](SoakFigures& f) {
+        for (; f.pagesOpened < 200 && !HasFatalFailure(); ++f.pagesOpened)
+            drawAgain(f.pagesOpened);
     });
     DeleteFileW(path.c_str());
     EXPECT_TRUE(figures.HeapCameBack()) << figures.HeapGrowth() << " bytes more in use on the heaps";
