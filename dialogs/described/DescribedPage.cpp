@@ -188,12 +188,57 @@ const LayoutPlan& CDescribedPage::Plan(HFONT font) const {
     return cached.plan;
 }
 
+std::unique_ptr<CNumberEdit> CDescribedPage::MakeEdit(const PlannedWindow& planned, const Field* field) const {
+    std::unique_ptr<CNumberEdit> edit;
+    if (planned.role == Role::Control && field && field->control == Control::Number) {
+        // Set up before it takes its window, and the window made with the value the chip held when
+        // the page opened: the edit then needs no new text until the chip changes.
+        LayoutTexts texts;
+        texts.translate = TranslateId;
+        edit = std::make_unique<CNumberEdit>();
+        edit->SetRange(field->minimum, field->maximum);
+        edit->SetStep(field->step);
+        if (!field->unit.text.empty())
+            edit->SetUnit(ItemText(field->unit, texts));
+        edit->SetValue(SnapshotValue(*field, planned.colour));
+    } else if (planned.role == Role::Reference) {
+        edit = std::make_unique<CNumberEdit>();
+        edit->SetRange(kReferenceMin, kReferenceMax);
+        edit->SetPrecision(m_description->fields[static_cast<std::size_t>(m_currentField)].referenceDecimals);
+        edit->SetValue(Settings().reference[static_cast<std::size_t>(planned.colour)]);
+    }
+    return edit;
+}
+
+void CDescribedPage::AddControlSlot(const PlannedWindow& planned, HWND window, std::unique_ptr<CNumberEdit> edit) {
+    const Field& field = m_description->fields[static_cast<std::size_t>(planned.field)];
+    ControlSlot slot{planned.field, planned.colour, planned.id, window, nullptr, std::move(edit), {}};
+    switch (field.control) {
+    case Control::Slider:
+        ::SendMessageW(window, TBM_SETRANGEMIN, FALSE, field.minimum);
+        ::SendMessageW(window, TBM_SETRANGEMAX, TRUE, field.maximum);
+        break;
+    case Control::Combo: {
+        LayoutTexts texts;
+        texts.translate = TranslateId;
+        for (const Item& item : field.items) {
+            const std::wstring itemText = ItemText(item, texts);
+            ::SendMessageW(window, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(itemText.c_str()));
+        }
+        break;
+    }
+    case Control::Number:
+        slot.edit->SubclassWindow(window);
+        break;
+    default:
+        break;
+    }
+    m_slots.push_back(std::move(slot));
+}
+
 void CDescribedPage::CreateControls() {
     const HFONT font = reinterpret_cast<HFONT>(SendMessage(WM_GETFONT));
     const LayoutPlan& plan = Plan(font);
-    LayoutTexts texts;
-    texts.translate = TranslateId;
-
     const std::vector<Field>& fields = m_description->fields;
     m_fieldWindows.assign(fields.size(), {});
     CNumberEdit* lastEdit = nullptr;
@@ -206,25 +251,8 @@ void CDescribedPage::CreateControls() {
         }
         const Field* field = planned.field >= 0 ? &fields[static_cast<std::size_t>(planned.field)] : nullptr;
         const Control control = field ? field->control : Control::None;
-        std::unique_ptr<CNumberEdit> edit;
-        std::wstring text = planned.text;
-        if (planned.role == Role::Control && control == Control::Number) {
-            // Set up before it takes its window, and the window made with the value the chip held
-            // when the page opened: the edit then needs no new text until the chip changes.
-            edit = std::make_unique<CNumberEdit>();
-            edit->SetRange(field->minimum, field->maximum);
-            edit->SetStep(field->step);
-            if (!field->unit.text.empty())
-                edit->SetUnit(ItemText(field->unit, texts));
-            edit->SetValue(SnapshotValue(*field, planned.colour));
-            text = edit->Format(edit->GetValue());
-        } else if (planned.role == Role::Reference) {
-            edit = std::make_unique<CNumberEdit>();
-            edit->SetRange(kReferenceMin, kReferenceMax);
-            edit->SetPrecision(fields[static_cast<std::size_t>(m_currentField)].referenceDecimals);
-            edit->SetValue(Settings().reference[static_cast<std::size_t>(planned.colour)]);
-            text = edit->Format(edit->GetValue());
-        }
+        std::unique_ptr<CNumberEdit> edit = MakeEdit(planned, field);
+        const std::wstring text = edit ? edit->Format(edit->GetValue()) : planned.text;
         const WindowKind kind = KindOf(planned.role, control);
         // As the dialog manager makes a template's controls: they do not notify the page of their
         // creation and destruction.
@@ -263,27 +291,8 @@ void CDescribedPage::CreateControls() {
                     slot.readout = window;
             continue;
         }
-        if (planned.role != Role::Control)
-            continue;
-        ControlSlot slot{planned.field, planned.colour, planned.id, window, nullptr, std::move(edit), {}};
-        switch (control) {
-        case Control::Slider:
-            ::SendMessageW(window, TBM_SETRANGEMIN, FALSE, field->minimum);
-            ::SendMessageW(window, TBM_SETRANGEMAX, TRUE, field->maximum);
-            break;
-        case Control::Combo:
-            for (const Item& item : field->items) {
-                const std::wstring itemText = ItemText(item, texts);
-                ::SendMessageW(window, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(itemText.c_str()));
-            }
-            break;
-        case Control::Number:
-            slot.edit->SubclassWindow(window);
-            break;
-        default:
-            break;
-        }
-        m_slots.push_back(std::move(slot));
+        if (planned.role == Role::Control)
+            AddControlSlot(planned, window, std::move(edit));
     }
     ::SetWindowPos(m_hWnd, nullptr, 0, 0, plan.width, plan.height,
                    SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
