@@ -217,9 +217,14 @@ TEST(ChipDescription, EveryShippedDescriptionIsValidNamedForItsClassAndTranslate
         }
     }
     EXPECT_GE(count, 3);
-    // The documentation's worked example is a valid description too.
-    ParseResult example = Parse(ReadSourceFile("docs/examples/CRegvaneExampleChip.desc"), IsModuleStringId);
-    EXPECT_TRUE(std::holds_alternative<Description>(example)) << std::get<ParseError>(example).detail;
+    // The documentation's examples are valid descriptions too.
+    for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(REGVANE_SOURCE_DIR) /
+                                                                 "docs" / "examples")) {
+        ParseResult example =
+            Parse(ReadSourceFile("docs/examples/" + entry.path().filename().string()), IsModuleStringId);
+        EXPECT_TRUE(std::holds_alternative<Description>(example))
+            << entry.path() << ": " << std::get<ParseError>(example).detail;
+    }
 }
 
 // The names in backquotes in the first column of the tables under a heading of the guide.
