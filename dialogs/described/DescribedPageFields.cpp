@@ -4,6 +4,7 @@
 #include "framework/ModuleInstance.h"
 #include "framework/TextEncoding.h"
 #include "framework/UIEx.h"
+#include "module/ModuleState.h"
 
 #include <commctrl.h>
 
