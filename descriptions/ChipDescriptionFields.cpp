@@ -29,11 +29,11 @@ std::wstring ValueText(const Field& field, int value, const LayoutTexts& texts) 
         return item >= 0 ? ItemText(field.items[static_cast<std::size_t>(item)], texts)
                          : std::to_wstring(value);
     }
-    if (field.control == Control::Hex) {
+    if (field.control == Control::Hex) { // two digits, more where the field's values need them
         std::wstring digits;
-        for (auto rest = static_cast<unsigned>(value),
-                  widest = static_cast<unsigned>(std::max(field.maximum, 0xFF));
-             widest; rest >>= 4, widest >>= 4)
+        auto rest = static_cast<unsigned>(value);
+        for (auto widest = static_cast<unsigned>(std::max(field.maximum, 0xFF)); widest;
+             widest >>= 4, rest >>= 4)
             digits.insert(digits.begin(), L"0123456789abcdef"[rest & 0xF]);
         return digits;
     }

@@ -82,6 +82,7 @@ private:
     void ShowItem(const ControlSlot& slot, int value) const;
     // The value of the item chosen; the chip's value while the number entry is.
     int ItemValue(const ControlSlot& slot) const;
+    // The combo shows a value no item names.
     bool ShowsUnnamedValue(const ControlSlot& slot) const;
     // A value only shown: its text, or a lamp lit while it is not zero.
     void ShowReadOnlyValue(const ControlSlot& slot, int value) const;
