@@ -9,6 +9,7 @@
 #include "framework/TextEncoding.h"
 #include "framework/UIEx.h"
 #include "module/ModuleState.h"
+#include "paramfiles/RegisterParamTable.h"
 
 #include <commctrl.h>
 
@@ -45,6 +46,7 @@ WindowKind KindOf(Role role, Control control) {
         return {L"BUTTON", BS_AUTOCHECKBOX | WS_TABSTOP};
     case Role::Reference:
         return {L"EDIT", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE};
+    case Role::PageButton:
     case Role::DefaultButton:
     case Role::OkButton:
     case Role::CancelButton:
@@ -74,7 +76,8 @@ CDescribedPage::CDescribedPage(std::shared_ptr<const chipdesc::Description> desc
                   description->page.title == Title::Caption ? caption : nullptr,
                   std::vector<CoveredRecord>(description->page.changeTest.begin(),
                                              description->page.changeTest.end())),
-      m_description(std::move(description)), m_currentField(m_description->CurrentField()) {
+      m_description(std::move(description)), m_paramTable(ParamTableFor(*m_description, chip)),
+      m_currentField(m_description->CurrentField()) {
     OpenPages().push_back(this);
     m_pageSettings.reference.fill(kReferenceDefault);
 }
@@ -100,7 +103,7 @@ void CDescribedPage::WriteSource(Source source, Bytes& bytes) const {
 }
 
 int CDescribedPage::ReportChange() {
-    return Changes().NotifyIfChanged(m_description->page.notice == Notice::Either);
+    return Changes().Notify(ChipDiffersFromSnapshot(), m_description->page.notice == Notice::Either);
 }
 
 CDescribedPage::ClassSettings& CDescribedPage::Settings() const {
@@ -188,7 +191,8 @@ const LayoutPlan& CDescribedPage::Plan(HFONT font) const {
     return cached.plan;
 }
 
-std::unique_ptr<CNumberEdit> CDescribedPage::MakeEdit(const PlannedWindow& planned, const Field* field) const {
+std::unique_ptr<CNumberEdit> CDescribedPage::MakeEdit(const PlannedWindow& planned,
+                                                      const Field* field) const {
     std::unique_ptr<CNumberEdit> edit;
     if (planned.role == Role::Control && field && field->control == Control::Number) {
         // Set up before it takes its window, and the window made with the value the chip held when
@@ -210,7 +214,8 @@ std::unique_ptr<CNumberEdit> CDescribedPage::MakeEdit(const PlannedWindow& plann
     return edit;
 }
 
-void CDescribedPage::AddControlSlot(const PlannedWindow& planned, HWND window, std::unique_ptr<CNumberEdit> edit) {
+void CDescribedPage::AddControlSlot(const PlannedWindow& planned, HWND window,
+                                    std::unique_ptr<CNumberEdit> edit) {
     const Field& field = m_description->fields[static_cast<std::size_t>(planned.field)];
     ControlSlot slot{planned.field, planned.colour, planned.id, window, nullptr, std::move(edit), {}};
     switch (field.control) {
@@ -271,6 +276,9 @@ void CDescribedPage::CreateControls() {
         switch (planned.role) {
         case Role::CurrentSwitch:
             m_currentSwitchId = planned.id;
+            continue;
+        case Role::PageButton:
+            m_buttonIds.emplace_back(planned.id, planned.button);
             continue;
         case Role::Reference:
             edit->SubclassWindow(window);
@@ -678,6 +686,8 @@ bool CDescribedPage::OnCommand(UINT code, UINT id, HWND control) {
         WriteDefaults();
         return true;
     }
+    if (code == BN_CLICKED && OnPageButton(id))
+        return true;
     if (ControlSlot* slot = SlotWithId(id)) {
         const Control kind = FieldOf(*slot).control;
         if ((kind == Control::Combo && code == CBN_SELCHANGE) ||
