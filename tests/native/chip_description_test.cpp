@@ -116,14 +116,11 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         // Buttons: an action the page can do, on what the page has.
         {button("jump 3"), 19, ErrorCode::BadValue},
         {button("page 256"), 19, ErrorCode::OutOfRange},
-        {button("function 4 1"), 19, ErrorCode::OutOfRange},
         {button("function 2 64"), 19, ErrorCode::OutOfRange},
         {button("export"), 19, ErrorCode::NoParamTable},
         {button("defaults"), 19, ErrorCode::MissingKey},
         {button("function 1 93\nargument = value speed"), 20, ErrorCode::UnknownField},
         {button("function 1 93\nargument = value gain"), 20, ErrorCode::BadValue}, // a value per colour
-        {button("function 1 93\nargument = record slider-value"), 20, ErrorCode::BadValue},
-        {button("page 3\nargument = record block"), 20, ErrorCode::BadValue},
         {button("reread\nid = 7\n[button c]\nlabel = IDS_C\naction = reread\nid = 7"), 24,
          ErrorCode::DuplicateId},
         {button("reread\n[button b]"), 20, ErrorCode::DuplicateKey},

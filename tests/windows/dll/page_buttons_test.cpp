@@ -5,71 +5,32 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <fstream>
-
 namespace {
 
 constexpr UINT kOpenHostPage = 0x0904;
 
-const char kButtonsPage[] = R"([page]
-class = CRegvaneButtonsTest
-[field level]
-label = "Level"
-bits = 2[5:0]
-control = slider
-ids = 101
-default = 20
-[field pattern]
-label = "Pattern"
-record = record-a
-bits = 0[7:0]
-control = number
-ids = 102
-[button go]
-label = "Page 12"
-action = page 12
-id = 201
-[button read]
-label = "Read"
-action = reread
-id = 202
-[button defaults]
-label = "Defaults"
-action = defaults
-id = 203
-[button show]
-label = "Show"
-action = function 1 93
-argument = value pattern
-id = 204
-[button absent]
-label = "Absent"
-action = function 3 5
-id = 205
-[button fails]
-label = "Fails"
-action = function 2 7
-id = 206
-)";
+// A level the defaults and the reread show, and buttons 201 to 206 doing what `kActions` says.
+const char* const kActions[] = {
+    "page 12", "reread", "defaults", "function 1 93\nargument = value level", "function 3 5", "function 2 7"};
+std::string ButtonsPage() {
+    std::string text = "[page]\nclass = CRegvaneButtonsTest\n[field level]\nlabel = \"Level\"\nbits = "
+                       "2[5:0]\ncontrol = slider\nids = 101\ndefault = 20\n";
+    for (int i = 0; i < 6; ++i)
+        text += "[button b" + std::to_string(i) + "]\nlabel = \"B\"\nid = " + std::to_string(201 + i) +
+                "\naction = " + kActions[i] + "\n";
+    return text;
+}
 
 class PageButtons : public PageTest {
 protected:
     void SetUp() override {
         PageTest::SetUp();
-        wchar_t folder[MAX_PATH];
-        GetTempPathW(MAX_PATH, folder);
-        path = std::wstring(folder) + L"CRegvaneButtonsTest.desc";
-        std::ofstream(path.c_str(), std::ios::binary) << kButtonsPage;
-        chip.regData[2] = 5;
-        chip.regDataEx[0] = 9;
+        path = WriteDescription(L"CRegvaneButtonsTest.desc", ButtonsPage());
+        chip.regData[2] = 9;
         chip.OfferChipFunctions();
         chip.functionTable3 = {};
         chip.failingFunction = {2, 7};
-        wchar_t problem[512] = {};
-        page = Show(RegvaneLibrary::Get().RegvaneCreateDescribedPage(path.c_str(), &chip, L"", host.View(),
-                                                                     problem, 512),
-                    &chip);
+        page = OpenDescribed(path, &chip);
     }
     void TearDown() override {
         PageTest::TearDown();
@@ -100,7 +61,6 @@ TEST_F(PageButtons, AskTheHostFrameForAPageReadTheChipAgainAndWriteTheDefaults) 
 }
 
 TEST_F(PageButtons, AChipFunctionRunsOnlyWhenOfferedAndSendsTheChipOnlyWhenItSucceeds) {
-    const auto block = chip.regData;
     {
         MessageBoxWatcher boxes;
         Click(page, 205);
@@ -110,19 +70,15 @@ TEST_F(PageButtons, AChipFunctionRunsOnlyWhenOfferedAndSendsTheChipOnlyWhenItSuc
         EXPECT_EQ(boxes.Boxes()[1].text, L"The chip function failed. The chip was left as it was.");
     }
     EXPECT_EQ(chip.CallNames(false), (Calls{"FunctionTable2"})); // the failed call, and nothing written
-    EXPECT_EQ(chip.regData, block);
 
     chip.ClearLog();
     Click(page, 204);
-    EXPECT_EQ(chip.CallNames(false), (Calls{"FunctionTable", "ApplyChip", "NotifyHost", "SetModified"}));
-    const auto call = [&](const char* name) {
-        return std::find_if(chip.log.begin(), chip.log.end(),
-                            [&](const HostCall& c) { return c.name == name; })
-            ->ToString();
-    };
-    EXPECT_EQ(call("FunctionTable"), "FunctionTable(93, 9, 0, 0)"); // the pattern's value
-    EXPECT_EQ(call("NotifyHost"), "NotifyHost(128, 1)");
-    EXPECT_EQ(call("SetModified"), "SetModified(1)");
+    Calls sent; // what changes the chip or the host, with its arguments
+    for (const HostCall& call : chip.log)
+        if (call.name.rfind("Get", 0) != 0)
+            sent.push_back(call.ToString());
+    EXPECT_EQ(sent,
+              (Calls{"FunctionTable(93, 9, 0, 0)", "ApplyChip", "NotifyHost(128, 1)", "SetModified(1)"}));
 }
 
 } // namespace
