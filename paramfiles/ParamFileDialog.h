@@ -19,6 +19,6 @@ bool AskImportPath(HWND owner, std::wstring& path);
 // table's file name, the file written, the operator told how it went. Nothing when they cancel.
 void ExportAsked(const CDialog& page, int buttonId, RegisterParamTable* table);
 // What its Import button does, the same way: the file read into the chip, then `changeTest` when the
-// file was the chip's. False when the operator cancelled; the page then shows the chip again.
+// file was the chip's. True when the operator chose a file: the page then shows the chip again.
 bool ImportAsked(const CDialog& page, int buttonId, ParamTableKind kind, RegisterParamTable* table,
                  const std::function<void()>& changeTest);

@@ -1,8 +1,6 @@
 #include "paramfiles/ParamTablePage.h"
 
 #include "dialogs/chips/ParamTablePageList.h"
-#include "framework/ModuleInstance.h"
-#include "framework/UIEx.h"
 #include "module/ModuleState.h"
 #include "paramfiles/ParamFileDialog.h"
 
