@@ -131,6 +131,7 @@ private:
     // The page's buttons (DescriptionButtons.cpp): a section header, then what each asks for.
     bool ButtonHeader(int number, std::string_view name);
     bool FinishButtons();
+    bool FinishButton(ButtonDraft& draft);
 
     const KnownStringId& m_known;
     std::optional<ParseError> m_error;

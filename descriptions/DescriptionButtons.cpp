@@ -83,33 +83,39 @@ bool Parser::ButtonHeader(int number, std::string_view name) {
     return true;
 }
 
-// Each button says what it does, and the page has what that needs.
+// Each button says what it does, and the page has what that needs; every button is looked at, so
+// that each one's problem can be told.
 bool Parser::FinishButtons() {
+    bool usable = true;
+    for (ButtonDraft& draft : m_buttons)
+        usable = FinishButton(draft) && usable;
+    return usable;
+}
+
+bool Parser::FinishButton(ButtonDraft& draft) {
     const std::vector<Field>& fields = m_description.fields;
-    for (ButtonDraft& draft : m_buttons) {
-        Button& button = draft.button;
-        for (const char* key : {"label", "action"})
-            if (!draft.keyLines.count(key))
-                return Fail(button.line, ErrorCode::MissingKey, key);
-        const int actionLine = draft.LineOf("action");
-        if (draft.keyLines.count("argument") && button.action != Action::Function)
-            return Fail(draft.LineOf("argument"), ErrorCode::BadValue, "argument");
-        if (button.argument == Argument::Value) {
-            button.field = m_description.FieldIndex(draft.fieldName);
-            if (button.field < 0)
-                return Fail(draft.LineOf("argument"), ErrorCode::UnknownField, draft.fieldName);
-            // One value to hand over: a field per colour has three.
-            if (fields[static_cast<std::size_t>(button.field)].ControlCount() > 1)
-                return Fail(draft.LineOf("argument"), ErrorCode::BadValue, draft.fieldName);
-        }
-        if (button.action == Action::Defaults &&
-            std::none_of(fields.begin(), fields.end(), [](const Field& f) { return f.defaultValue; }))
-            return Fail(actionLine, ErrorCode::MissingKey, "default");
-        if ((button.action == Action::Export || button.action == Action::Import) &&
-            !ParamTableKindOf(m_description.page.className))
-            return Fail(actionLine, ErrorCode::NoParamTable, m_description.page.className);
-        m_description.buttons.push_back(std::move(button));
+    Button& button = draft.button;
+    for (const char* key : {"label", "action"})
+        if (!draft.keyLines.count(key))
+            return Fail(button.line, ErrorCode::MissingKey, key);
+    const int actionLine = draft.LineOf("action");
+    if (draft.keyLines.count("argument") && button.action != Action::Function)
+        return Fail(draft.LineOf("argument"), ErrorCode::BadValue, "argument");
+    if (button.argument == Argument::Value) {
+        button.field = m_description.FieldIndex(draft.fieldName);
+        if (button.field < 0)
+            return Fail(draft.LineOf("argument"), ErrorCode::UnknownField, draft.fieldName);
+        // One value to hand over: a field per colour has three.
+        if (fields[static_cast<std::size_t>(button.field)].ControlCount() > 1)
+            return Fail(draft.LineOf("argument"), ErrorCode::BadValue, draft.fieldName);
     }
+    if (button.action == Action::Defaults &&
+        std::none_of(fields.begin(), fields.end(), [](const Field& f) { return f.defaultValue; }))
+        return Fail(actionLine, ErrorCode::MissingKey, "default");
+    if ((button.action == Action::Export || button.action == Action::Import) &&
+        !ParamTableKindOf(m_description.page.className))
+        return Fail(actionLine, ErrorCode::NoParamTable, m_description.page.className);
+    m_description.buttons.push_back(button);
     return true;
 }
 
