@@ -17,6 +17,7 @@
 #include <vector>
 
 class CNumberEdit;
+class RegisterParamTable;
 
 class CDescribedPage : public CChipDialog {
 public:
@@ -41,7 +42,7 @@ protected:
     bool OnHScroll(UINT code, UINT position, HWND scrollBar) override;
     void OnNumberEditChanged(UINT id, HWND edit) override;
     void ApplyHostRanges() override;
-    // Cancel leaves the values the page only shows as the chip holds them now.
+    bool ChipDiffersFromSnapshot() override;
     void RestoreSnapshot() override;
     void OnDestroy() override;
 
@@ -88,6 +89,8 @@ private:
     void ShowReadOnlyValue(const ControlSlot& slot, int value) const;
     // The help of each field that has one, over its label and its controls.
     void AddHelp();
+    // Cancel's records: what the page saw, but the values it only shows as the chip holds them now.
+    void RestoreRecords();
     // The chip's value kept, shown as far as the control can, and read out.
     void ShowChipValue(ControlSlot& slot, int value);
     void UpdateReadout(const ControlSlot& slot) const;
@@ -120,6 +123,13 @@ private:
     void UpdateCurrentGroup();
     void UpdateCurrent(int colour);
 
+    // The description's buttons (DescribedButtons.cpp). False: no such button.
+    bool OnPageButton(UINT id);
+    void CallChipFunction(const chipdesc::Button& button);
+    // The table of the page class, for descriptions with an export or import button.
+    static std::unique_ptr<RegisterParamTable> ParamTableFor(const chipdesc::Description& description,
+                                                             IRegvane* chip);
+
     // Kept per page class for the life of the module: a reopened page starts with the operator's
     // last choices, and a page of another class keeps its own.
     struct ClassSettings {
@@ -135,6 +145,8 @@ private:
     static std::vector<CDescribedPage*>& OpenPages();
 
     std::shared_ptr<const chipdesc::Description> m_description;
+    std::unique_ptr<RegisterParamTable> m_paramTable; // its snapshot is part of the change test
+    std::vector<std::pair<int, int>> m_buttonIds;     // a button's control id, its index
     std::vector<ControlSlot> m_slots;
     std::vector<std::vector<HWND>> m_fieldWindows; // label, controls and read-outs of each field
     int m_linkId = 0;

@@ -93,7 +93,7 @@ void CDescribedPage::OnDestroy() {
     m_help = nullptr;
 }
 
-void CDescribedPage::RestoreSnapshot() {
+void CDescribedPage::RestoreRecords() {
     const std::vector<Field>& fields = m_description->fields;
     if (!Chip() || std::none_of(fields.begin(), fields.end(), [](const Field& f) { return f.readOnly; })) {
         CChipDialog::RestoreSnapshot();
