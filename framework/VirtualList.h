@@ -30,16 +30,20 @@ public:
     // Selection, focus and scroll position stay where the rows they are on still exist.
     void SetRowCount(int rows) const;
     int RowCount() const;
-    // Draws the rows in view again with their current texts; nothing is rebuilt.
+    // Draws the rows in view again with their current texts; nothing is rebuilt. A hidden list
+    // has nothing to redraw.
     void Refresh() const;
 
     // The list's notifications from the parent's WM_NOTIFY; true when this list answered one: the
     // texts of cells, and finding a row by the start of its first cell's text (typing in the list).
     bool OnNotify(const NMHDR* header, LRESULT& result);
 
-private:
-    int FindRow(const NMLVFINDITEMW& find);
+    // One cell's text as the list shows it, valid until the next call.
     const std::wstring& Text(int row, int column);
+
+private:
+    void SettleLayout() const;
+    int FindRow(const NMLVFINDITEMW& find);
 
     CellText m_cellText;
     std::wstring m_text;
