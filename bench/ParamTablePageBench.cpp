@@ -286,11 +286,11 @@ HWND OpenGridFrame(HWND host, GridFrame kind) {
         return CVirtualGrid::Verdict{true, {}};
     });
     grid->Attach(list, 1);
-    CVirtualList& columns = grid->List();
-    columns.AddColumn(L"Register", 56);
+    std::vector<CVirtualList::Column> columns{{L"Register", 56}};
     for (int column = 0; column < kGridColumns; ++column)
-        columns.AddColumn(std::to_wstring(column), 32);
-    columns.SetRowCount(kGridRows);
+        columns.push_back({std::to_wstring(column), 32});
+    grid->List().AddColumns(columns);
+    grid->List().SetRowCount(kGridRows);
     if (kind == GridFrame::Drawn)
         delete grid; // its columns and rows stay; the frame answers for the cells
     else

@@ -4,6 +4,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 namespace {
@@ -24,6 +25,18 @@ TTTOOLINFOW TipTool(HWND list, wchar_t* text) {
     tool.uId = kTipToolId;
     tool.lpszText = text;
     return tool;
+}
+
+// A control's answer to WM_GETDLGCODE with `more`, and the keys of `wanted` it takes from the dialog
+// (Enter would press the default button, Escape cancel the dialog).
+LRESULT DialogCode(HWND control, WPARAM wParam, LPARAM lParam, LRESULT more,
+                   std::initializer_list<WPARAM> wanted) {
+    LRESULT code = ::DefSubclassProc(control, WM_GETDLGCODE, wParam, lParam) | more;
+    const auto* msg = reinterpret_cast<const MSG*>(lParam);
+    if (msg && msg->message == WM_KEYDOWN &&
+        std::find(wanted.begin(), wanted.end(), msg->wParam) != wanted.end())
+        code |= DLGC_WANTMESSAGE;
+    return code;
 }
 
 } // namespace
@@ -118,13 +131,18 @@ CVirtualGrid::Verdict CVirtualGrid::Ask() {
     typed.resize(static_cast<std::size_t>(::GetWindowTextW(m_edit, typed.data(), length + 1)));
     // Whatever the owner does meanwhile (a message box takes the focus) must not commit twice.
     m_ending = true;
-    Verdict verdict = m_commit ? m_commit(m_row, m_column, typed) : Verdict{true, {}};
+    Verdict verdict;
+    try {
+        verdict = m_commit ? m_commit(m_row, m_column, typed) : Verdict{true, {}};
+    } catch (...) {
+        // Nothing may unwind through user32: the cell stays as it was.
+    }
     m_ending = false;
     if (verdict.accepted) {
         m_refusal.clear();
         HideRefusal();
     } else {
-        ShowRefusal(std::move(verdict.reason));
+        ShowRefusal(verdict.reason);
     }
     return verdict;
 }
@@ -161,8 +179,8 @@ void CVirtualGrid::Close() {
     RedrawRow(m_row);
 }
 
-void CVirtualGrid::ShowRefusal(std::wstring reason) {
-    m_refusal = std::move(reason);
+void CVirtualGrid::ShowRefusal(const std::wstring& reason) {
+    m_refusal = reason;
     if (m_refusal.empty())
         return;
     if (!m_tip) {
@@ -283,65 +301,64 @@ bool CVirtualGrid::OnNotify(const NMHDR* header, LRESULT& result) {
 LRESULT CALLBACK CVirtualGrid::ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                         DWORD_PTR data) {
     auto& grid = *reinterpret_cast<CVirtualGrid*>(data);
-    switch (message) {
-    case WM_GETDLGCODE: {
-        // Enter edits here instead of pressing the dialog's default button.
-        const auto* msg = reinterpret_cast<const MSG*>(lParam);
-        LRESULT code = ::DefSubclassProc(list, message, wParam, lParam) | DLGC_WANTARROWS | DLGC_WANTCHARS;
-        if (msg && msg->message == WM_KEYDOWN && msg->wParam == VK_RETURN)
-            code |= DLGC_WANTMESSAGE;
-        return code;
-    }
-    case WM_KEYDOWN:
-        grid.HideRefusal();
-        if (grid.OnListKey(wParam))
-            return 0;
-        break;
-    case WM_CHAR:
-        // Typing a printable character starts an edit with it; Enter already did its work.
-        if (wParam >= L' ' && !grid.m_edit) {
-            const std::wstring typed(1, static_cast<wchar_t>(wParam));
-            grid.BeginEdit(&typed);
-            return 0;
-        }
-        if (wParam == L'\r')
-            return 0;
-        break;
-    case WM_LBUTTONDOWN:
-    case WM_LBUTTONDBLCLK:
-        grid.HideRefusal();
-        grid.OnListClick(lParam, message == WM_LBUTTONDBLCLK);
-        return 0;
-    case WM_VSCROLL:
-    case WM_HSCROLL:
-    case WM_MOUSEWHEEL:
-        // The edit does not follow its cell: leaving it by scrolling is leaving it.
-        if (grid.m_edit) {
-            grid.Ask();
-            grid.Close();
-        } else {
+    // Nothing may unwind through user32: a failing owner leaves the message to the control.
+    try {
+        switch (message) {
+        case WM_GETDLGCODE:
+            // Enter edits here instead of pressing the dialog's default button.
+            return DialogCode(list, wParam, lParam, DLGC_WANTARROWS | DLGC_WANTCHARS, {VK_RETURN});
+        case WM_KEYDOWN:
             grid.HideRefusal();
+            if (grid.OnListKey(wParam))
+                return 0;
+            break;
+        case WM_CHAR:
+            // Typing a printable character starts an edit with it; Enter already did its work.
+            if (wParam >= L' ' && !grid.m_edit) {
+                const std::wstring typed(1, static_cast<wchar_t>(wParam));
+                grid.BeginEdit(&typed);
+                return 0;
+            }
+            if (wParam == L'\r')
+                return 0;
+            break;
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+            grid.HideRefusal();
+            grid.OnListClick(lParam, message == WM_LBUTTONDBLCLK);
+            return 0;
+        case WM_VSCROLL:
+        case WM_HSCROLL:
+        case WM_MOUSEWHEEL:
+            // The edit does not follow its cell: leaving it by scrolling is leaving it.
+            if (grid.m_edit) {
+                grid.Ask();
+                grid.Close();
+            } else {
+                grid.HideRefusal();
+            }
+            break;
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS: {
+            const LRESULT result = ::DefSubclassProc(list, message, wParam, lParam);
+            grid.RedrawRow(grid.m_row);
+            return result;
         }
-        break;
-    case WM_SETFOCUS:
-    case WM_KILLFOCUS: {
-        const LRESULT result = ::DefSubclassProc(list, message, wParam, lParam);
-        grid.RedrawRow(grid.m_row);
-        return result;
-    }
-    case WM_DESTROY:
-        grid.m_ending = true;
-        if (grid.m_edit)
-            ::DestroyWindow(std::exchange(grid.m_edit, nullptr));
-        if (grid.m_tip)
-            ::DestroyWindow(std::exchange(grid.m_tip, nullptr));
-        grid.m_ending = false;
-        break;
-    case WM_NCDESTROY:
-        ::RemoveWindowSubclass(list, ListProc, kSubclassId);
-        break;
-    default:
-        break;
+        case WM_DESTROY:
+            grid.m_ending = true;
+            if (grid.m_edit)
+                ::DestroyWindow(std::exchange(grid.m_edit, nullptr));
+            if (grid.m_tip)
+                ::DestroyWindow(std::exchange(grid.m_tip, nullptr));
+            grid.m_ending = false;
+            break;
+        case WM_NCDESTROY:
+            ::RemoveWindowSubclass(list, ListProc, kSubclassId);
+            break;
+        default:
+            break;
+        }
+    } catch (...) {
     }
     return ::DefSubclassProc(list, message, wParam, lParam);
 }
@@ -349,43 +366,42 @@ LRESULT CALLBACK CVirtualGrid::ListProc(HWND list, UINT message, WPARAM wParam, 
 LRESULT CALLBACK CVirtualGrid::EditProc(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                         DWORD_PTR data) {
     auto& grid = *reinterpret_cast<CVirtualGrid*>(data);
-    switch (message) {
-    case WM_GETDLGCODE: {
-        const auto* msg = reinterpret_cast<const MSG*>(lParam);
-        LRESULT code = ::DefSubclassProc(edit, message, wParam, lParam);
-        if (msg && msg->message == WM_KEYDOWN && (msg->wParam == VK_RETURN || msg->wParam == VK_ESCAPE))
-            code |= DLGC_WANTMESSAGE;
-        return code;
-    }
-    case WM_KEYDOWN:
-        if (wParam == VK_RETURN) {
-            grid.CommitEdit();
-            return 0;
+    // Nothing may unwind through user32: a failing owner leaves the message to the control.
+    try {
+        switch (message) {
+        case WM_GETDLGCODE:
+            return DialogCode(edit, wParam, lParam, 0, {VK_RETURN, VK_ESCAPE});
+        case WM_KEYDOWN:
+            if (wParam == VK_RETURN) {
+                grid.CommitEdit();
+                return 0;
+            }
+            if (wParam == VK_ESCAPE) {
+                grid.CancelEdit();
+                return 0;
+            }
+            grid.HideRefusal();
+            break;
+        case WM_CHAR:
+            if (wParam == L'\r' || wParam == 0x1B)
+                return 0; // handled as keys; the edit would beep
+            break;
+        case WM_KILLFOCUS: {
+            const LRESULT result = ::DefSubclassProc(edit, message, wParam, lParam);
+            // Leaving the edit commits; a refused text leaves the cell as it was and says why.
+            if (!grid.m_ending && grid.m_edit == edit) {
+                grid.Ask();
+                grid.Close();
+            }
+            return result;
         }
-        if (wParam == VK_ESCAPE) {
-            grid.CancelEdit();
-            return 0;
+        case WM_NCDESTROY:
+            ::RemoveWindowSubclass(edit, EditProc, kSubclassId);
+            break;
+        default:
+            break;
         }
-        grid.HideRefusal();
-        break;
-    case WM_CHAR:
-        if (wParam == L'\r' || wParam == 0x1B)
-            return 0; // handled as keys; the edit would beep
-        break;
-    case WM_KILLFOCUS: {
-        const LRESULT result = ::DefSubclassProc(edit, message, wParam, lParam);
-        // Leaving the edit commits; a refused text leaves the cell as it was and says why.
-        if (!grid.m_ending && grid.m_edit == edit) {
-            grid.Ask();
-            grid.Close();
-        }
-        return result;
-    }
-    case WM_NCDESTROY:
-        ::RemoveWindowSubclass(edit, EditProc, kSubclassId);
-        break;
-    default:
-        break;
+    } catch (...) {
     }
     return ::DefSubclassProc(edit, message, wParam, lParam);
 }

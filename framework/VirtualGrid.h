@@ -10,7 +10,7 @@
 //                       [this](int row, int column, const std::wstring& typed) -> CVirtualGrid::Verdict {
 //                           if (!Parse(typed, value)) return {false, Tr(L"IDS_...")};
 //                           Write(row, column, value); return {true, {}}; }};
-//   m_grid.Attach(GetItem(kGridId), 1);  m_grid.List().AddColumn(...);  m_grid.List().SetRowCount(rows);
+//   m_grid.Attach(GetItem(kGridId), 1);  m_grid.List().AddColumns(...);  m_grid.List().SetRowCount(rows);
 //   bool OnNotify(NMHDR* header, LRESULT& result) override { return m_grid.OnNotify(header, result); }
 #pragma once
 
@@ -63,7 +63,7 @@ private:
     Verdict Ask();
     // Removes the edit, whatever it holds.
     void Close();
-    void ShowRefusal(std::wstring reason);
+    void ShowRefusal(const std::wstring& reason);
     void HideRefusal();
     void RedrawRow(int row) const;
 

@@ -3,14 +3,22 @@
 #include <algorithm>
 #include <string_view>
 
-void CVirtualList::AddColumn(const std::wstring& title, int minimumWidth) const {
+void CVirtualList::AddColumns(const std::vector<Column>& columns) const {
+    // Each column would lay the list and its header out again.
+    SendMessage(WM_SETREDRAW, FALSE);
+    for (const Column& column : columns)
+        AddColumn(column);
+    SendMessage(WM_SETREDRAW, TRUE);
+}
+
+void CVirtualList::AddColumn(const Column& added) const {
     HWND header = ListView_GetHeader(m_hWnd);
     const int margins = header ? 2 * Header_GetBitmapMargin(header) : 0;
     LVCOLUMNW column{};
     column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
     column.fmt = LVCFMT_LEFT;
-    column.cx = std::max(minimumWidth, ListView_GetStringWidth(m_hWnd, title.c_str()) + margins);
-    column.pszText = const_cast<wchar_t*>(title.c_str());
+    column.cx = std::max(added.minimumWidth, ListView_GetStringWidth(m_hWnd, added.title.c_str()) + margins);
+    column.pszText = const_cast<wchar_t*>(added.title.c_str());
     SendMessage(LVM_INSERTCOLUMNW, static_cast<WPARAM>(ColumnCount()), reinterpret_cast<LPARAM>(&column));
 }
 

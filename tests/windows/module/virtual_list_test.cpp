@@ -42,8 +42,7 @@ protected:
                                     WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL, 0, 0,
                                     300, 200, parent, nullptr, nullptr, nullptr));
         g_notify = [this](NMHDR* header, LRESULT& result) { return list.OnNotify(header, result); };
-        list.AddColumn(L"Row", 60);
-        list.AddColumn(L"Value", 60);
+        list.AddColumns({{L"Row", 60}, {L"Value", 60}});
     }
     void TearDown() override {
         g_notify = nullptr;
@@ -126,8 +125,7 @@ protected:
         VirtualList::SetUp();
         grid.Attach(list, 1);
         g_notify = [this](NMHDR* header, LRESULT& result) { return grid.OnNotify(header, result); };
-        grid.List().AddColumn(L"F2", 50);
-        grid.List().AddColumn(L"F3", 50);
+        grid.List().AddColumns({{L"F2", 50}, {L"F3", 50}});
     }
 
     void Rows(int count) {
