@@ -2,11 +2,12 @@
 // painted and closed alike in the same run (same parent), as ratios that hold from machine to machine
 // where absolute times do not:
 //   bare   the page's template with an empty dialog procedure: its list, framed, with an empty header;
-//   drawn  the same template whose list gets the page's columns and row count, the texts of the cells
-//          written by the dialog procedure: what drawing the table costs, whatever fills it;
+//   drawn  the same template whose list gets the page's columns and row count as cheaply as the page
+//          gives them, the texts of the cells written by the dialog procedure: what drawing the
+//          table costs, whatever fills it;
 //   header the same template whose list gets the page's columns and no rows: what its header alone
-//          costs. Under Wine that alone is well over a third of the bare template, so no page that
-//          shows its columns' titles in a list view gets within 1.3 times of it.
+//          costs. Under Wine that alone is over a third of the bare template (themed or not), so no
+//          page that shows its columns' titles in a list view gets within 1.3 times of it.
 // Also what the host's "read the chip again" message (0x0903) costs, with the repaint it causes.
 //
 // Every parameter-table page class opens through regvane.dll as a host opens it, on the first chip
@@ -82,6 +83,8 @@ INT_PTR CALLBACK DrawnProc(HWND dialog, UINT message, WPARAM, LPARAM lParam) {
         const auto& shape = *reinterpret_cast<const ListShape*>(lParam);
         HWND list = GetDlgItem(dialog, RV_PARAM_TABLE_LIST);
         SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, shape.extendedStyle, shape.extendedStyle);
+        // As cheaply as the page's list gets there: columns laid out once, rows measured while hidden.
+        SendMessageW(list, WM_SETREDRAW, FALSE, 0);
         for (std::size_t i = 0; i < shape.columns.size(); ++i) {
             LVCOLUMNW column{};
             column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
@@ -90,7 +93,12 @@ INT_PTR CALLBACK DrawnProc(HWND dialog, UINT message, WPARAM, LPARAM lParam) {
             column.pszText = const_cast<wchar_t*>(shape.columns[i].first.c_str());
             SendMessageW(list, LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
         }
+        SendMessageW(list, WM_SETREDRAW, TRUE, 0);
         SendMessageW(list, LVM_SETITEMCOUNT, static_cast<WPARAM>(shape.rows), 0);
+        HDC nowhere = CreateCompatibleDC(nullptr);
+        IntersectClipRect(nowhere, 0, 0, 0, 0);
+        SendMessageW(list, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(nowhere), PRF_CLIENT);
+        DeleteDC(nowhere);
         return TRUE;
     }
     if (message == WM_NOTIFY && reinterpret_cast<NMHDR*>(lParam)->code == LVN_GETDISPINFOW) {
