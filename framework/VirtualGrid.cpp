@@ -10,21 +10,9 @@
 namespace {
 
 constexpr UINT_PTR kSubclassId = 1;
-constexpr UINT_PTR kTipToolId = 1;
 
 HINSTANCE InstanceOf(HWND window) {
     return reinterpret_cast<HINSTANCE>(::GetWindowLongPtrW(window, GWLP_HINSTANCE));
-}
-
-// The tool's fields that every comctl32 version reads.
-TTTOOLINFOW TipTool(HWND list, wchar_t* text) {
-    TTTOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V2_SIZE;
-    tool.uFlags = TTF_TRACK | TTF_ABSOLUTE;
-    tool.hwnd = list;
-    tool.uId = kTipToolId;
-    tool.lpszText = text;
-    return tool;
 }
 
 // A control's answer to WM_GETDLGCODE with `more`, and the keys of `wanted` it takes from the dialog
@@ -51,8 +39,6 @@ CVirtualGrid::~CVirtualGrid() {
         if (m_edit)
             ::DestroyWindow(m_edit);
     }
-    if (m_tip)
-        ::DestroyWindow(m_tip);
 }
 
 void CVirtualGrid::Attach(HWND list, int fixedColumns) {
@@ -183,30 +169,35 @@ void CVirtualGrid::ShowRefusal(const std::wstring& reason) {
     m_refusal = reason;
     if (m_refusal.empty())
         return;
-    if (!m_tip) {
-        m_tip = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                                  WS_POPUP | TTS_NOPREFIX | TTS_BALLOON | TTS_ALWAYSTIP, CW_USEDEFAULT,
-                                  CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, m_list, nullptr,
-                                  InstanceOf(m_list), nullptr);
-        if (!m_tip)
+    // A note in the list beside the cell: a child window shows wherever the list does.
+    if (!m_note) {
+        m_note = ::CreateWindowExW(0, L"STATIC", nullptr, WS_CHILD | WS_BORDER | SS_NOPREFIX, 0, 0, 0, 0,
+                                   m_list, nullptr, InstanceOf(m_list), nullptr);
+        if (!m_note)
             return;
-        TTTOOLINFOW tool = TipTool(m_list, const_cast<wchar_t*>(L""));
-        ::SendMessageW(m_tip, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+        ::SendMessageW(m_note, WM_SETFONT, static_cast<WPARAM>(m_list.SendMessage(WM_GETFONT)), FALSE);
     }
-    TTTOOLINFOW tool = TipTool(m_list, m_refusal.data());
-    ::SendMessageW(m_tip, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+    ::SetWindowTextW(m_note, m_refusal.c_str());
+    RECT text{};
+    HDC dc = ::GetDC(m_note);
+    const HGDIOBJ font =
+        ::SelectObject(dc, reinterpret_cast<HGDIOBJ>(::SendMessageW(m_note, WM_GETFONT, 0, 0)));
+    ::DrawTextW(dc, m_refusal.c_str(), -1, &text, DT_CALCRECT | DT_NOPREFIX | DT_SINGLELINE);
+    ::SelectObject(dc, font);
+    ::ReleaseDC(m_note, dc);
+    const int width = text.right + 8;
+    const int height = text.bottom + 4;
     const RECT cell = CellRect(m_row, m_column);
-    POINT below{cell.left + (cell.right - cell.left) / 2, cell.bottom};
-    ::ClientToScreen(m_list, &below);
-    ::SendMessageW(m_tip, TTM_TRACKPOSITION, 0, MAKELPARAM(below.x, below.y));
-    ::SendMessageW(m_tip, TTM_TRACKACTIVATE, TRUE, reinterpret_cast<LPARAM>(&tool));
+    RECT client{};
+    ::GetClientRect(m_list, &client);
+    // Below the cell, or above it when the list ends first.
+    const int top = cell.bottom + height <= client.bottom ? cell.bottom : cell.top - height;
+    ::SetWindowPos(m_note, HWND_TOP, cell.left, top, width, height, SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
 
-void CVirtualGrid::HideRefusal() {
-    if (!m_tip)
-        return;
-    TTTOOLINFOW tool = TipTool(m_list, nullptr);
-    ::SendMessageW(m_tip, TTM_TRACKACTIVATE, FALSE, reinterpret_cast<LPARAM>(&tool));
+void CVirtualGrid::HideRefusal() const {
+    if (m_note)
+        ::ShowWindow(m_note, SW_HIDE);
 }
 
 bool CVirtualGrid::OnListKey(WPARAM key) {
@@ -344,12 +335,18 @@ LRESULT CALLBACK CVirtualGrid::ListProc(HWND list, UINT message, WPARAM wParam, 
             grid.RedrawRow(grid.m_row);
             return result;
         }
+        case WM_CTLCOLORSTATIC:
+            if (grid.m_note && reinterpret_cast<HWND>(lParam) == grid.m_note) {
+                ::SetTextColor(reinterpret_cast<HDC>(wParam), ::GetSysColor(COLOR_INFOTEXT));
+                ::SetBkColor(reinterpret_cast<HDC>(wParam), ::GetSysColor(COLOR_INFOBK));
+                return reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_INFOBK));
+            }
+            break;
         case WM_DESTROY:
             grid.m_ending = true;
             if (grid.m_edit)
                 ::DestroyWindow(std::exchange(grid.m_edit, nullptr));
-            if (grid.m_tip)
-                ::DestroyWindow(std::exchange(grid.m_tip, nullptr));
+            grid.m_note = nullptr; // goes with the list
             grid.m_ending = false;
             break;
         case WM_NCDESTROY:

@@ -2,9 +2,9 @@
 // editing one cell cost the same whatever its size. One cell is current (drawn highlighted): arrows,
 // Page Up/Down and Ctrl+Home/End move it, a click picks it; Enter, F2, a double click or typing
 // opens an edit over it, Escape closes the edit, Enter or leaving the edit hands the typed text to
-// the owner, who takes it or refuses it with a reason the grid shows beside the cell (the cell then
-// keeps its value; a refused Enter keeps the edit open to be corrected). The first `fixedColumns`
-// columns (row names) are neither current nor edited.
+// the owner, who takes it or refuses it with a reason the grid shows under the cell until the next
+// key or click (the cell then keeps its value; a refused Enter keeps the edit open to be corrected). The
+// first `fixedColumns` columns (row names) are neither current nor edited.
 //
 //   CVirtualGrid m_grid{[this](int row, int column, std::wstring& text) { text = ...; },
 //                       [this](int row, int column, const std::wstring& typed) -> CVirtualGrid::Verdict {
@@ -64,7 +64,7 @@ private:
     // Removes the edit, whatever it holds.
     void Close();
     void ShowRefusal(const std::wstring& reason);
-    void HideRefusal();
+    void HideRefusal() const;
     void RedrawRow(int row) const;
 
     CVirtualList m_list;
@@ -74,6 +74,6 @@ private:
     int m_column = 0;
     HWND m_edit = nullptr;
     bool m_ending = false;
-    HWND m_tip = nullptr;
+    HWND m_note = nullptr; // the refusal's reason, beside the cell
     std::wstring m_refusal;
 };
