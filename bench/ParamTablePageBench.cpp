@@ -34,7 +34,6 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
@@ -242,7 +241,14 @@ constexpr int kGridColumns = 16;
 
 enum class GridFrame { Bare, Drawn, Grid };
 
-void GridCellText(int row, int column, std::wstring& text);
+void GridCellText(int row, int column, std::wstring& text) {
+    wchar_t cell[16];
+    if (column == 0)
+        std::swprintf(cell, 16, L"Reg %d", row);
+    else
+        std::swprintf(cell, 16, L"0x%02X", (row * kGridColumns + column) * 7 & 0xFF);
+    text = cell;
+}
 
 LRESULT CALLBACK GridFrameProc(HWND frame, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* grid = reinterpret_cast<CVirtualGrid*>(GetWindowLongPtrW(frame, GWLP_USERDATA));
@@ -260,15 +266,6 @@ LRESULT CALLBACK GridFrameProc(HWND frame, UINT message, WPARAM wParam, LPARAM l
     if (message == WM_NCDESTROY)
         delete grid;
     return DefWindowProcW(frame, message, wParam, lParam);
-}
-
-void GridCellText(int row, int column, std::wstring& text) {
-    wchar_t cell[16];
-    if (column == 0)
-        std::swprintf(cell, 16, L"Reg %d", row);
-    else
-        std::swprintf(cell, 16, L"0x%02X", (row * kGridColumns + column) * 7 & 0xFF);
-    text = cell;
 }
 
 // Bare: the list empty. Drawn: its columns and rows, the texts given by the frame. Grid: a grid on it.

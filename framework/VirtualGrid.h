@@ -1,10 +1,11 @@
 // A grid of cells edited in place, on a CVirtualList: it keeps no cells of its own, so opening it and
 // editing one cell cost the same whatever its size. One cell is current (drawn highlighted): arrows,
-// Page Up/Down and Ctrl+Home/End move it, a click picks it; Enter, F2, a double click or typing
-// opens an edit over it, Escape closes the edit, Enter or leaving the edit hands the typed text to
-// the owner, who takes it or refuses it with a reason the grid shows under the cell until the next
-// key or click (the cell then keeps its value; a refused Enter keeps the edit open to be corrected). The
-// first `fixedColumns` columns (row names) are neither current nor edited.
+// Page Up/Down, Home/End (first and last column) and Ctrl+Home/End (first and last row) move it, a
+// click picks it. Enter, F2, a double click or typing opens an edit over it; Escape closes the edit;
+// Enter or leaving the edit hands the typed text to the owner, who takes it or refuses it with a
+// reason the grid shows under the cell until the next key or click. A refused cell keeps its value;
+// a refused Enter keeps the edit open to be corrected. The first `fixedColumns` columns (row names)
+// are neither current nor edited.
 //
 //   CVirtualGrid m_grid{[this](int row, int column, std::wstring& text) { text = ...; },
 //                       [this](int row, int column, const std::wstring& typed) -> CVirtualGrid::Verdict {
