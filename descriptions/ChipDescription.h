@@ -123,6 +123,7 @@ struct Field {
 
     Item help;             // shown over the row's label and controls
     bool readOnly = false; // shown, never written: a status bit, a chip revision
+    int grid = -1;         // a cell of this grid (Description::grids), drawn in it, not in a row
 
     int Width() const;
     // Controls this field has on the page: one per colour for Separate and Linked, else one.
@@ -196,6 +197,26 @@ struct Button {
     int field = -1; // Value: the field's index
     Source record = Source::Block;
 };
+// A block of registers repeated at a step, drawn as a grid: a row per repeat, a column per field that
+// names the grid. Each cell is a field of its own, so it is read, written, checked and restored as
+// every field is (DescriptionGrids.h).
+struct Grid {
+    std::string name;
+    int line = 0; // of its section header
+    Item label;
+    Source source = Source::Block;
+    int rows = 0;
+    int byteStep = 0; // from one row's registers to the next
+    int bitStep = 0;  // and bits more, where registers pack
+    Item rowNames;    // "Channel %d"; "Reg %d-%d" numbers groups of `perGroup` rows
+    int first = 1;    // the first row's number
+    int perGroup = 0;
+    int id = 0; // the list's control id; 0: automatic
+    int columns = 0;
+    std::vector<int> cells; // the field of row r, column c at r * columns + c
+    int Cell(int row, int column) const { return cells[static_cast<std::size_t>(row * columns + column)]; }
+};
+
 // The page numbers a button may ask for.
 inline constexpr int kMaxHostPage = 255;
 
@@ -203,6 +224,7 @@ struct Description {
     Page page;
     std::vector<Field> fields;
     std::vector<Button> buttons; // in the order of the page's row of buttons
+    std::vector<Grid> grids;
 
     // The records the fields read (not host values), in Source order.
     std::vector<Source> RecordsInUse() const;

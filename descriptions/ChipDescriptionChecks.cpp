@@ -127,7 +127,7 @@ bool Parser::FitRange(FieldDraft& draft) {
         field.maximum = 1;
         return true;
     case Control::Hex:
-        if (field.readOnly) // shown in as many digits as it takes
+        if (field.readOnly || !draft.gridName.empty()) // shown in as many digits as it takes
             break;
         if (field.Width() != 8 || field.coding != Coding::Plain)
             return Fail(draft.LineOf("bits"), ErrorCode::RangeDoesNotFit, "0..255");

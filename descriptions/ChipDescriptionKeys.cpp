@@ -223,6 +223,8 @@ template <class Owner, class T> T& Into(KeyValue& v, T Owner::*member) {
         return v.draft->field.*member;
     else if constexpr (std::is_same_v<Owner, Button>)
         return v.button->button.*member;
+    else if constexpr (std::is_same_v<Owner, Grid>)
+        return v.grid->grid.*member;
     else
         return v.draft->*member;
 }
@@ -467,6 +469,7 @@ constexpr std::pair<std::string_view, OnFill> kOnFill[] = {{"rewrite", OnFill::R
 constexpr Section P = Section::Page;
 constexpr Section F = Section::Field;
 constexpr Section B = Section::Button;
+constexpr Section G = Section::Grid;
 
 // A new key is a row here and one in docs/chip-descriptions.md (a test compares the two), and a check
 // in ChipDescriptionChecks.cpp when it depends on other keys.
@@ -524,11 +527,22 @@ constexpr Key kKeys[] = {
     {"show-if", F, Name<&FieldDraft::showIfName>, "the field whose non-zero value shows this one"},
     {"help", F, Text<&Field::help>, "the help shown over the row's label and controls"},
     {"access", F, Word<&Field::readOnly, kAccess>, "read-write, or read-only: shown and never written"},
+    {"grid", F, Name<&FieldDraft::gridName>, "the grid this field is a column of"},
 
     {"label", B, Text<&Button::label>, "the button's text"},
     {"action", B, ReadAction, "what the button does"},
     {"argument", B, ReadArgument, "what a chip function is handed: a field's value or a record"},
     {"id", B, Id<&Button::id>, "the button's control id"},
+
+    {"label", G, Text<&Grid::label>, "the text above the grid"},
+    {"record", G, Record<&Grid::source>, "the record the grid's registers live in"},
+    {"rows", G, Number<&Grid::rows, 1, 1024>, "how many times the registers repeat"},
+    {"step", G, Number<&Grid::byteStep, 0, 128>, "bytes from one row's registers to the next"},
+    {"bit-step", G, Number<&Grid::bitStep, 0, 64>, "bits more from one row to the next, where registers pack"},
+    {"row-names", G, Text<&Grid::rowNames>, "the rows' names, %d standing for the row's number"},
+    {"first", G, Number<&Grid::first, 0, 65535>, "the first row's number"},
+    {"per", G, Number<&Grid::perGroup, 1, 1024>, "rows per first number of a name with two %d"},
+    {"id", G, Id<&Grid::id>, "the grid's control id"},
 };
 
 } // namespace

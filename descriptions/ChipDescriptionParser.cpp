@@ -77,10 +77,12 @@ int LineOfOffset(std::string_view text, std::size_t offset) {
 ParseResult Parser::Run(std::string_view text) {
     if (!ReadText(text) || !CheckSections())
         return *m_error;
+    if (!AssignGridColumns())
+        return *m_error;
     for (FieldDraft& draft : m_drafts)
         if (!FinishField(draft))
             return *m_error;
-    if (!ConnectFields() || !CheckPageKeys() || !CheckOverlaps() || !CheckIds())
+    if (!ExpandGrids() || !ConnectFields() || !CheckPageKeys() || !CheckOverlaps() || !CheckIds())
         return *m_error;
     for (FieldDraft& draft : m_drafts)
         m_description.fields.push_back(std::move(draft.field));
@@ -148,6 +150,7 @@ bool Parser::Line(int number, std::string_view line) {
         return Fail(number, ErrorCode::Syntax, line);
     auto& keyLines = *m_section == Section::Page     ? m_page.keyLines
                      : *m_section == Section::Button ? m_buttons.back().keyLines
+                     : *m_section == Section::Grid   ? m_grids.back().keyLines
                                                      : m_drafts.back().keyLines;
     if (keyLines.count(key))
         return Fail(number, ErrorCode::DuplicateKey, key);
@@ -180,6 +183,8 @@ bool Parser::Header(int number, std::string_view name) {
     }
     if (name.substr(0, 7) == "button " || name.substr(0, 7) == "button\t")
         return ButtonHeader(number, Trim(name.substr(7)));
+    if (name.substr(0, 5) == "grid " || name.substr(0, 5) == "grid\t")
+        return GridHeader(number, Trim(name.substr(5)));
     return Fail(number, ErrorCode::UnknownSection, name);
 }
 
@@ -188,6 +193,8 @@ bool Parser::KeyLine(int number, std::string_view key, std::string_view value) {
     KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error};
     if (*m_section == Section::Button)
         keyValue.button = &m_buttons.back();
+    if (*m_section == Section::Grid)
+        keyValue.grid = &m_grids.back();
     if (!SplitWords(value, keyValue.words))
         return Fail(number, ErrorCode::BadValue, value);
     const Key* found = FindKey(*m_section, key);

@@ -44,6 +44,7 @@ struct FieldDraft {
     std::vector<Position> alternatives; // from bits: one, or one per colour
     int fieldStride = -1;
     std::string showIfName;
+    std::string gridName; // a column of this grid
 
     int LineOf(std::string_view key) const {
         const auto found = keyLines.find(key);
@@ -73,6 +74,16 @@ struct ButtonDraft {
     }
 };
 
+// What a grid's keys said, until its columns are known.
+struct GridDraft {
+    Grid grid;
+    std::map<std::string, int, std::less<>> keyLines;
+    int LineOf(std::string_view key) const {
+        const auto found = keyLines.find(key);
+        return found != keyLines.end() ? found->second : grid.line;
+    }
+};
+
 // One "key = value" line, while its value is read into the page or the field being read.
 struct KeyValue {
     int line = 0;
@@ -83,6 +94,7 @@ struct KeyValue {
     const KnownStringId& known;
     std::optional<ParseError>& error;
     ButtonDraft* button = nullptr; // in [button NAME]
+    GridDraft* grid = nullptr;     // in [grid NAME]
 
     bool Fail(std::string_view detail, ErrorCode code = ErrorCode::BadValue) {
         return Refuse(error, line, code, detail);
@@ -135,6 +147,12 @@ private:
     bool ButtonHeader(int number, std::string_view name);
     bool FinishButtons();
     bool FinishButton(ButtonDraft& draft);
+    // The page's grids (DescriptionGrids.cpp): a section header, the columns that name each grid,
+    // then a field per cell in place of each column.
+    bool GridHeader(int number, std::string_view name);
+    bool AssignGridColumns();
+    bool CheckGridColumn(FieldDraft& draft, const GridDraft& grid);
+    bool ExpandGrids();
 
     const KnownStringId& m_known;
     std::optional<ParseError> m_error;
@@ -144,6 +162,7 @@ private:
     PageDraft m_page;
     std::vector<FieldDraft> m_drafts;
     std::vector<ButtonDraft> m_buttons;
+    std::vector<GridDraft> m_grids;
     int m_lastLine = 1;
 };
 

@@ -1,5 +1,6 @@
 #include "descriptions/DescriptionLayout.h"
 
+#include "descriptions/DescriptionGrids.h"
 #include "descriptions/DescriptionReadouts.h"
 #include "framework/TextEncoding.h"
 
@@ -56,6 +57,8 @@ public:
         }
         for (const Button& button : description.buttons)
             m_usedIds.insert(button.id);
+        for (const Grid& grid : description.grids)
+            m_usedIds.insert(grid.id);
         m_usedIds.insert(description.page.linkId);
         m_usedIds.insert(description.page.defaultId);
     }
@@ -226,12 +229,13 @@ void Planner::AddCurrentRows(int row, const Field& field, const Columns& columns
 LayoutPlan Planner::Plan() {
     std::vector<int> rows;
     for (std::size_t i = 0; i < m_description.fields.size(); ++i)
-        if (m_description.fields[i].control != Control::None)
+        if (m_description.fields[i].control != Control::None && m_description.fields[i].grid < 0)
             rows.push_back(static_cast<int>(i));
     const Columns columns = MeasureColumns(rows);
     int y = Y(kMargin);
     AddSwitchAndHeaders(columns, y);
     const std::vector<GroupSpan> groups = AddRows(rows, columns, y);
+    PlanGrids(m_description, m_texts, m_units, columns.labelX, y, m_plan, [this] { return NextId(); });
     AddPageButtons(columns.labelX, RightEdge(), y);
     AddButtons(columns.labelX, RightEdge(), y);
     // Group boxes go first: behind their rows, and out of the tab order.

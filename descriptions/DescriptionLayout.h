@@ -36,6 +36,7 @@ enum class Role : std::uint8_t {
     Reference,
     Fraction,
     Current,
+    Grid,       // a grid's list (DescriptionGrids.h)
     PageButton, // one of the description's buttons
     DefaultButton,
     OkButton,
@@ -51,12 +52,14 @@ struct PlannedWindow {
     std::wstring text;
     Rect rect;       // pixels in the page; a combo box's includes its drop-down list
     int button = -1; // PageButton: the button's index
+    int grid = -1;   // Grid, and the label above it: the grid's index
 };
 
 struct LayoutPlan {
     std::vector<PlannedWindow> windows;
     int width = 0;
     int height = 0;
+    std::vector<std::vector<int>> gridColumns; // each grid's column widths, the rows' names first
 };
 
 struct LayoutTexts {

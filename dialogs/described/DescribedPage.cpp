@@ -54,6 +54,8 @@ WindowKind KindOf(Role role, const Field* field) {
         return {L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP};
     case Role::Control:
         break;
+    case Role::Grid:
+        return {WC_LISTVIEWW, LVS_REPORT | LVS_OWNERDATA | LVS_NOSORTHEADER | WS_TABSTOP, WS_EX_CLIENTEDGE};
     default: // a field's texts take the pointer, for its help
         return {L"STATIC", SS_LEFT | SS_NOPREFIX | (field && !field->help.text.empty() ? SS_NOTIFY : 0u)};
     }
@@ -283,6 +285,9 @@ void CDescribedPage::CreateControls() {
         case Role::PageButton:
             m_buttonIds.emplace_back(planned.id, planned.button);
             continue;
+        case Role::Grid:
+            AddGrid(planned, window, plan.gridColumns[static_cast<std::size_t>(planned.grid)]);
+            continue;
         case Role::Reference:
             edit->SubclassWindow(window);
             m_current[static_cast<std::size_t>(planned.colour)].reference = std::move(edit);
@@ -450,6 +455,7 @@ void CDescribedPage::ShowRecords(const std::array<Bytes, kSourceCount>& records,
             continue;
         ShowChipValue(slot, ReadValue(field, records[static_cast<std::size_t>(field.source)], slot.colour));
     }
+    ShowGrids(records, read);
     ShowFieldsTheyAllow(records, read);
 }
 
@@ -517,6 +523,7 @@ void CDescribedPage::ChangeField(int fieldIndex, const std::array<int, kColourCo
         std::array<bool, kSourceCount> read{};
         records[static_cast<std::size_t>(field.source)] = record;
         read[static_cast<std::size_t>(field.source)] = true;
+        ShowGrids(records, read);
         ShowFieldsTheyAllow(records, read);
     }
     if (fieldIndex == m_currentField && Settings().showCurrent)

@@ -17,6 +17,7 @@
 #include <vector>
 
 class CNumberEdit;
+class CVirtualGrid;
 class RegisterParamTable;
 
 class CDescribedPage : public CChipDialog {
@@ -45,6 +46,7 @@ protected:
     bool ChipDiffersFromSnapshot() override;
     void RestoreSnapshot() override;
     void OnDestroy() override;
+    bool OnNotify(NMHDR* header, LRESULT& result) override;
 
 private:
     using Bytes = std::array<std::uint8_t, kLargestHostRecord>;
@@ -129,6 +131,14 @@ private:
     // The table of the page class, for descriptions with an export or import button.
     static std::unique_ptr<RegisterParamTable> ParamTableFor(const chipdesc::Description& description,
                                                              IRegvane* chip);
+
+    // The description's grids (DescribedGrids.cpp): each cell edit is the cycle of the cell's field.
+    void AddGrid(const chipdesc::PlannedWindow& planned, HWND list, const std::vector<int>& widths);
+    // The grids on the records marked read show them.
+    void ShowGrids(const std::array<Bytes, chipdesc::kSourceCount>& records,
+                   const std::array<bool, chipdesc::kSourceCount>& read);
+    struct ShownGrid;
+    std::vector<std::shared_ptr<ShownGrid>> m_grids; // shared: complete only in DescribedGrids.cpp
 
     // Kept per page class for the life of the module: a reopened page starts with the operator's
     // last choices, and a page of another class keeps its own.
