@@ -104,8 +104,8 @@ void PlanGrids(const Description& description, const LayoutTexts& texts, DialogU
         int width = units.X(14) + 4; // the scroll bar and the borders
         for (const int column : widths)
             width += column;
-        const int rowHeight = units.Y(10);
-        const int height = units.Y(12) + std::min(grid.rows, kGridVisibleRows) * rowHeight + 4;
+        const int rowHeight = units.Y(9);
+        const int height = units.Y(11) + std::min(grid.rows, kGridVisibleRows) * rowHeight + 4;
         PlannedWindow list{Role::Grid, -1, -1, grid.id ? grid.id : nextId(), L"", {x, y, x + width, y + height}};
         list.grid = gridIndex;
         plan.windows.push_back(std::move(list));

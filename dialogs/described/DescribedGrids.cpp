@@ -5,6 +5,7 @@
 #include "framework/TextEncoding.h"
 #include "framework/UIEx.h"
 #include "framework/VirtualGrid.h"
+#include "module/ModuleState.h"
 
 using namespace chipdesc;
 
