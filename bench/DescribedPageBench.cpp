@@ -8,13 +8,16 @@
 // Run under Wine, from the build (rounds, then chip types; hand-written pages can be measured too):
 //   xvfb-run -a cmake/wine-run.sh build/windows/App/Bin/regvane_page_bench.exe [300 [65551 65561 ...]]
 #include "bench/PageBench.h"
+#include "host/RegvaneDesignerExports.h"
 
 #include <windows.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
+#include <commctrl.h>
 #include <cstdio>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -84,6 +87,39 @@ HWND OpenBare(const std::vector<WORD>& frame, const std::vector<Child>& children
     return dialog;
 }
 
+// A page of a 32 x 16 grid over the large block: 32 rows of four bytes, 16 columns of two bits.
+std::wstring GridDescription() {
+    std::string text = "[page]\nclass = CRegvaneBenchGrid\nformat-version = 2\n[grid g]\nrecord = large\n"
+                       "rows = 32\nstep = 4\nrow-names = \"Reg %d\"\n";
+    for (int column = 0; column < 16; ++column)
+        text += "[field c" + std::to_string(column) + "]\ngrid = g\nlabel = \"C" + std::to_string(column) +
+                "\"\nbits = " + std::to_string(column / 4) + "[" + std::to_string(column % 4 * 2 + 1) + ":" +
+                std::to_string(column % 4 * 2) + "]\ncontrol = number\n";
+    wchar_t folder[MAX_PATH];
+    GetTempPathW(MAX_PATH, folder);
+    const std::wstring path = std::wstring(folder) + L"CRegvaneBenchGrid.desc";
+    std::ofstream(path.c_str(), std::ios::binary) << text;
+    return path;
+}
+
+// The bare frame's copy of the grid's list, given the page's columns and rows (its cells stay empty:
+// the bare frame answers for none).
+void DrawListLike(HWND bare, HWND page) {
+    for (HWND list = FindWindowExW(page, nullptr, WC_LISTVIEWW, nullptr); list;
+         list = FindWindowExW(page, list, WC_LISTVIEWW, nullptr)) {
+        HWND copy = GetDlgItem(bare, GetDlgCtrlID(list));
+        HWND header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+        const int columns = static_cast<int>(SendMessageW(header, HDM_GETITEMCOUNT, 0, 0));
+        for (int column = 0; column < columns; ++column) {
+            LVCOLUMNW c{LVCF_WIDTH | LVCF_TEXT};
+            c.cx = static_cast<int>(SendMessageW(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
+            c.pszText = const_cast<wchar_t*>(L"C");
+            SendMessageW(copy, LVM_INSERTCOLUMNW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&c));
+        }
+        SendMessageW(copy, LVM_SETITEMCOUNT, static_cast<WPARAM>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)), 0);
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -132,6 +168,49 @@ int main(int argc, char** argv) {
     }
     std::printf("worst ratio %.2f (target at most 1.30), medians of %d openings and closings each\n", worst,
                 rounds);
+
+    // The grid page against the bare frame with its controls, and against that frame with the list's
+    // columns and rows drawn too (the list's header alone is much of what a list costs under Wine).
+    const auto createDescribed = reinterpret_cast<RegvaneCreateDescribedPageFn>(
+        reinterpret_cast<void*>(GetProcAddress(dll.module, "RegvaneCreateDescribedPage")));
+    const std::wstring gridPath = GridDescription();
+    SimulatedChip gridChip(7, 0);
+    auto openGrid = [&] {
+        wchar_t problem[256] = {};
+        return createDescribed(gridPath.c_str(), &gridChip, L"", host, problem, 256);
+    };
+    HWND first = openGrid();
+    if (!first) {
+        std::printf("the grid page did not open\n");
+        return 1;
+    }
+    ShowWindow(first, SW_SHOW);
+    const std::vector<Child> children = ChildrenOf(first);
+    const std::vector<WORD> frame = BareTemplate(first);
+    std::vector<double> described, bare, drawn;
+    for (int round = 0; round < rounds; ++round) {
+        double start = Now();
+        HWND page = openGrid();
+        ShowWindow(page, SW_SHOW);
+        UpdateWindow(page);
+        DestroyWindow(page);
+        described.push_back(Now() - start);
+        for (const bool withList : {false, true}) {
+            start = Now();
+            HWND copy = OpenBare(frame, children, host);
+            if (withList)
+                DrawListLike(copy, first);
+            ShowWindow(copy, SW_SHOW);
+            UpdateWindow(copy);
+            DestroyWindow(copy);
+            (withList ? drawn : bare).push_back(Now() - start);
+        }
+    }
+    DestroyWindow(first);
+    DeleteFileW(gridPath.c_str());
+    std::printf("32 x 16 grid page %.3f ms: %.2f x a bare frame of its controls, %.2f x that frame with the "
+                "list's columns and rows drawn\n",
+                Median(described) * 1000, Median(described) / Median(bare), Median(described) / Median(drawn));
     DestroyWindow(host);
     return 0;
 }
