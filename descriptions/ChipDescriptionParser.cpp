@@ -63,7 +63,7 @@ int LineOfOffset(std::string_view text, std::size_t offset) {
 } // namespace
 
 ParseResult Parser::Run(std::string_view text) {
-    if (!ReadText(text) || !CheckSections())
+    if (!ReadText(text) || !CheckSections() || !ResolveCopies() || !CheckColours())
         return *m_error;
     for (FieldDraft& draft : m_drafts)
         if (!FinishField(draft))
@@ -129,7 +129,10 @@ bool Parser::Line(int number, std::string_view line) {
     if (keyLines.count(key))
         return Fail(number, ErrorCode::DuplicateKey, key);
     keyLines.emplace(std::string(key), number);
-    return KeyLine(number, key, value);
+    FieldDraft* draft = *m_section == Section::Field ? &m_drafts.back() : nullptr;
+    if (draft)
+        draft->keys.push_back({key, value, number});
+    return KeyLine(number, key, value, draft);
 }
 
 bool Parser::Header(int number, std::string_view name) {
@@ -158,12 +161,11 @@ bool Parser::Header(int number, std::string_view name) {
     return Fail(number, ErrorCode::UnknownSection, name);
 }
 
-bool Parser::KeyLine(int number, std::string_view key, std::string_view value) {
-    FieldDraft* draft = *m_section == Section::Field ? &m_drafts.back() : nullptr;
+bool Parser::KeyLine(int number, std::string_view key, std::string_view value, FieldDraft* draft) {
     KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error};
     if (!SplitWords(value, keyValue.words))
         return Fail(number, ErrorCode::BadValue, value);
-    const Key* found = FindKey(*m_section, key);
+    const Key* found = FindKey(draft ? Section::Field : Section::Page, key);
     if (!found)
         return Fail(number, ErrorCode::UnknownKey, key);
     return found->read(keyValue);

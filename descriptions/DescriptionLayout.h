@@ -85,5 +85,8 @@ LayoutPlan PlanLayout(const Description& description, const LayoutTexts& texts, 
 
 // The text of an item, a unit or a label: translated unless written literally.
 std::wstring ItemText(const Item& item, const LayoutTexts& texts);
+// An item's text with "{n}" standing for a repeated field's number (none: left as written).
+std::wstring NumberedText(const Item& item, int number, const LayoutTexts& texts);
+std::wstring LabelText(const Field& field, const LayoutTexts& texts);
 
 } // namespace chipdesc

@@ -2,7 +2,6 @@
 
 #include "descriptions/DescriptionLayout.h"
 #include "descriptions/DescriptionReadouts.h"
-#include "dialogs/chips/ChipRegModifyModel.h"
 #include "dialogs/common/HostRecords.h"
 #include "framework/ModuleInstance.h"
 #include "framework/NumberEdit.h"
@@ -13,6 +12,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <map>
 #include <optional>
@@ -200,7 +200,7 @@ std::unique_ptr<CNumberEdit> CDescribedPage::MakeEdit(const PlannedWindow& plann
         edit->SetStep(field->step);
         if (!field->unit.text.empty())
             edit->SetUnit(ItemText(field->unit, texts));
-        edit->SetValue(SnapshotValue(*field, planned.colour));
+        edit->SetValue(static_cast<double>(SnapshotValue(*field, planned.colour)));
     } else if (planned.role == Role::Reference) {
         edit = std::make_unique<CNumberEdit>();
         edit->SetRange(kReferenceMin, kReferenceMax);
@@ -215,8 +215,8 @@ void CDescribedPage::AddControlSlot(const PlannedWindow& planned, HWND window, s
     ControlSlot slot{planned.field, planned.colour, planned.id, window, nullptr, std::move(edit), {}};
     switch (field.control) {
     case Control::Slider:
-        ::SendMessageW(window, TBM_SETRANGEMIN, FALSE, field.minimum);
-        ::SendMessageW(window, TBM_SETRANGEMAX, TRUE, field.maximum);
+        ::SendMessageW(window, TBM_SETRANGEMIN, FALSE, static_cast<LPARAM>(field.minimum));
+        ::SendMessageW(window, TBM_SETRANGEMAX, TRUE, static_cast<LPARAM>(field.maximum));
         break;
     case Control::Combo: {
         LayoutTexts texts;
@@ -298,15 +298,15 @@ void CDescribedPage::CreateControls() {
                    SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-int CDescribedPage::SnapshotValue(const chipdesc::Field& field, int colour) const {
+Value CDescribedPage::SnapshotValue(const chipdesc::Field& field, int colour) const {
     const std::span<const std::uint8_t> snapshot = Changes().Snapshot(field.source);
     return snapshot.empty() ? field.minimum : ReadValue(field, snapshot, colour);
 }
 
-void CDescribedPage::ShowValue(ControlSlot& slot, int value) {
+void CDescribedPage::ShowValue(ControlSlot& slot, Value value) {
     switch (FieldOf(slot).control) {
     case Control::Slider:
-        ::SendMessageW(slot.window, TBM_SETPOS, TRUE, value);
+        ::SendMessageW(slot.window, TBM_SETPOS, TRUE, static_cast<LPARAM>(value));
         break;
     case Control::Check:
         ::SendMessageW(slot.window, BM_SETCHECK, value ? BST_CHECKED : BST_UNCHECKED, 0);
@@ -317,11 +317,11 @@ void CDescribedPage::ShowValue(ControlSlot& slot, int value) {
     case Control::Number:
         // An edit that holds the value already is left alone (and so is what an operator is typing
         // into it when the host has the chip read again).
-        if (slot.edit->GetValueInt() != value)
-            slot.edit->SetValue(value);
+        if (slot.edit->GetValue() != static_cast<double>(value))
+            slot.edit->SetValue(static_cast<double>(value));
         break;
     case Control::Hex:
-        slot.shownText = FormatRawByte(static_cast<std::uint8_t>(value));
+        slot.shownText = FormatHex(static_cast<std::uint32_t>(value), HexDigits(FieldOf(slot)));
         ::SetWindowTextW(slot.window, slot.shownText.c_str());
         break;
     case Control::None:
@@ -329,7 +329,7 @@ void CDescribedPage::ShowValue(ControlSlot& slot, int value) {
     }
 }
 
-int CDescribedPage::ControlValue(const ControlSlot& slot) const {
+Value CDescribedPage::ControlValue(const ControlSlot& slot) const {
     switch (FieldOf(slot).control) {
     case Control::Slider:
         return static_cast<int>(::SendMessageW(slot.window, TBM_GETPOS, 0, 0));
@@ -338,14 +338,14 @@ int CDescribedPage::ControlValue(const ControlSlot& slot) const {
     case Control::Combo:
         return static_cast<int>(::SendMessageW(slot.window, CB_GETCURSEL, 0, 0));
     case Control::Number:
-        return slot.edit->GetValueInt();
+        return std::llround(slot.edit->GetValue());
     default:
         break;
     }
     return 0;
 }
 
-void CDescribedPage::ShowChipValue(ControlSlot& slot, int value) {
+void CDescribedPage::ShowChipValue(ControlSlot& slot, Value value) {
     slot.value = value;
     ShowValue(slot, value);
     UpdateReadout(slot);
@@ -354,12 +354,12 @@ void CDescribedPage::ShowChipValue(ControlSlot& slot, int value) {
 void CDescribedPage::UpdateReadout(const ControlSlot& slot) const {
     if (!slot.readout)
         return;
-    if (const auto text = FormatReadout(FieldOf(slot).readout, slot.value))
+    if (const auto text = FormatReadout(FieldOf(slot).readout, static_cast<int>(slot.value)))
         ::SetWindowTextW(slot.readout, text->c_str());
 }
 
 void CDescribedPage::ShowHostValue(Source source) {
-    const int value = Chip() ? ReadHostValue(*Chip(), source) : 0;
+    const Value value = Chip() ? ReadHostValue(*Chip(), source) : 0;
     for (ControlSlot& slot : m_slots)
         if (FieldOf(slot).source == source)
             ShowChipValue(slot, value);
@@ -387,7 +387,7 @@ void CDescribedPage::ShowSwitches() {
     if (m_linkId)
         CheckButton(m_linkId, LinkSwitch() != 0);
     if (m_currentSwitchId) {
-        for (int colour = 0; colour < kColourCount; ++colour)
+        for (int colour = 0; colour < m_description->page.colourCount; ++colour)
             if (CNumberEdit* reference = m_current[static_cast<std::size_t>(colour)].reference.get();
                 reference && reference->GetValue() != Settings().reference[static_cast<std::size_t>(colour)])
                 reference->SetValue(Settings().reference[static_cast<std::size_t>(colour)]);
@@ -400,12 +400,12 @@ void CDescribedPage::UpdateCurrent(int colour) {
     const CurrentColour& current = m_current[static_cast<std::size_t>(colour)];
     if (!current.reference)
         return;
-    int value = 0;
+    Value value = 0;
     for (const ControlSlot& slot : m_slots)
         if (slot.field == m_currentField && slot.colour == colour)
             value = slot.value;
     const auto text = FormatCurrent(m_description->fields[static_cast<std::size_t>(m_currentField)].current,
-                                    value, current.reference->GetValue());
+                                    static_cast<int>(value), current.reference->GetValue());
     if (!text)
         return;
     ::SetWindowTextW(current.fraction, text->fraction.c_str());
@@ -415,7 +415,7 @@ void CDescribedPage::UpdateCurrent(int colour) {
 void CDescribedPage::UpdateCurrentGroup() {
     // The read-out is greyed while the operator has not asked for it, and left as it was.
     const bool show = Settings().showCurrent != 0;
-    for (int colour = 0; colour < kColourCount; ++colour) {
+    for (int colour = 0; colour < m_description->page.colourCount; ++colour) {
         const CurrentColour& current = m_current[static_cast<std::size_t>(colour)];
         for (HWND window : {current.reference ? current.reference->GetSafeHwnd() : nullptr, current.fraction,
                             current.current})
@@ -469,8 +469,7 @@ CDescribedPage::ControlSlot* CDescribedPage::SlotWithWindow(HWND window) {
     return nullptr;
 }
 
-void CDescribedPage::ChangeField(int fieldIndex, const std::array<int, kColourCount>& values,
-                                 const std::array<bool, kColourCount>& touched) {
+void CDescribedPage::ChangeField(int fieldIndex, const ColourValues& values, const ColourFlags& touched) {
     const Field& field = m_description->fields[static_cast<std::size_t>(fieldIndex)];
     const Page& page = m_description->page;
     Bytes record = ReadSource(field.source);
@@ -505,7 +504,7 @@ void CDescribedPage::ChangeField(int fieldIndex, const std::array<int, kColourCo
         ShowFieldsTheyAllow(records, read);
     }
     if (fieldIndex == m_currentField && Settings().showCurrent)
-        for (int colour = 0; colour < kColourCount; ++colour)
+        for (int colour = 0; colour < m_description->page.colourCount; ++colour)
             UpdateCurrent(colour);
     ReportChange();
 }
@@ -514,12 +513,12 @@ void CDescribedPage::OnControlChanged(ControlSlot& slot) {
     const Field& field = FieldOf(slot);
     if (!CanWrite() || !field.Editable())
         return;
-    std::array<int, kColourCount> values{};
-    std::array<bool, kColourCount> touched{};
-    const int value = ControlValue(slot);
+    ColourValues values{};
+    ColourFlags touched{};
+    const Value value = ControlValue(slot);
     if (field.colours == Colours::Linked) {
-        // Every change writes the three colours; linked, the moved control sets the other two, else
-        // they keep what the chip holds.
+        // Every change writes every colour; linked, the moved control sets the others, else they keep
+        // what the chip holds.
         const bool linked = LinkSwitch() != 0;
         for (ControlSlot& other : m_slots) {
             if (other.field != slot.field)
@@ -541,22 +540,27 @@ void CDescribedPage::OnHexEdited(ControlSlot& slot) {
     if (!CanWrite())
         return;
     const std::wstring typed = CWnd(slot.window).GetWindowText();
-    const std::optional<std::uint8_t> value = ParseRawByte(typed);
-    if (!value) {
-        MsgBox(m_hWnd, Tr(L"IDS_INPUT_TIP"), ApplicationName(), MB_OK | MB_ICONINFORMATION);
+    const Field& field = FieldOf(slot);
+    const std::optional<std::uint32_t> value = ParseHex(typed, HexDigits(field));
+    if (!value || *value > field.maximum) {
+        // A byte's hex edit says what the register editor's do; a wider one says how far it goes.
+        std::wstring tip = Tr(field.Width() == 8 ? L"IDS_INPUT_TIP" : L"IDS_HexValueTip");
+        if (const std::size_t at = tip.find(L"{max}"); at != std::wstring::npos)
+            tip.replace(at, 5, FormatHex(static_cast<std::uint32_t>(field.maximum), HexDigits(field)));
+        MsgBox(m_hWnd, tip, ApplicationName(), MB_OK | MB_ICONINFORMATION);
         ::SetWindowTextW(slot.window, slot.shownText.c_str());
         return;
     }
     ShowValue(slot, *value);
-    std::array<int, kColourCount> values{};
-    std::array<bool, kColourCount> touched{};
+    ColourValues values{};
+    ColourFlags touched{};
     values[static_cast<std::size_t>(slot.colour)] = *value;
     touched[static_cast<std::size_t>(slot.colour)] = true;
     ChangeField(slot.field, values, touched);
 }
 
 bool CDescribedPage::PatchRecords(const std::function<bool(const Field&)>& picks,
-                                  const std::function<int(const Field&, const Bytes&, int)>& valueOf,
+                                  const std::function<Value(const Field&, const Bytes&, int)>& valueOf,
                                   bool onlyWhenChanged) {
     // Each record holding a picked field is read and written once; the page then shows what it wrote.
     const std::vector<Field>& fields = m_description->fields;
@@ -600,7 +604,7 @@ void CDescribedPage::WriteOnFillFields() {
                                           // The chip keeps the count's low bits, so only they are taken,
                                           // whatever the host says.
                                           return f.onFill == OnFill::HostCount
-                                                     ? static_cast<int>(Chip()->GetCount() & 0xFFFFFFu)
+                                                     ? static_cast<Value>(Chip()->GetCount() & 0xFFFFFFu)
                                                      : ReadValue(f, read, copy);
                                       },
                                       true);
@@ -625,11 +629,11 @@ void CDescribedPage::ApplyHostRanges() {
             continue;
         if (!gainRange)
             gainRange = HostGainBytes();
-        int minimum = gainRange->first;
-        int maximum = gainRange->second;
+        Value minimum = gainRange->first;
+        Value maximum = gainRange->second;
         if (!field.hostRangeAsGiven) {
             // Lowest first, within what the field holds; a range outside it leaves the field's own.
-            const auto [lowest, highest] = std::minmax(gainRange->first, gainRange->second);
+            const auto [lowest, highest] = std::minmax<Value>(gainRange->first, gainRange->second);
             minimum = std::max(lowest, field.minimum);
             maximum = std::min(highest, field.maximum);
             if (minimum > maximum) {
@@ -638,16 +642,16 @@ void CDescribedPage::ApplyHostRanges() {
             }
         }
         if (field.control == Control::Slider) {
-            ::SendMessageW(slot.window, TBM_SETRANGEMIN, FALSE, minimum);
-            ::SendMessageW(slot.window, TBM_SETRANGEMAX, TRUE, maximum);
+            ::SendMessageW(slot.window, TBM_SETRANGEMIN, FALSE, static_cast<LPARAM>(minimum));
+            ::SendMessageW(slot.window, TBM_SETRANGEMAX, TRUE, static_cast<LPARAM>(maximum));
         } else if (slot.edit) {
-            slot.edit->SetRange(minimum, maximum);
+            slot.edit->SetRange(static_cast<double>(minimum), static_cast<double>(maximum));
         }
     }
 }
 
 void CDescribedPage::OnNumberEditChanged(UINT id, HWND edit) {
-    for (int colour = 0; colour < kColourCount; ++colour) {
+    for (int colour = 0; colour < m_description->page.colourCount; ++colour) {
         const CurrentColour& current = m_current[static_cast<std::size_t>(colour)];
         if (!current.reference || current.reference->GetSafeHwnd() != edit)
             continue;

@@ -53,7 +53,7 @@ private:
         std::wstring shownText; // what a hex edit showed before the operator typed
         // What the chip holds, as decoded from it or as last written: read-outs and writes of the
         // other colours take it, whatever the control can show.
-        int value = 0;
+        chipdesc::Value value = 0;
     };
 
     const chipdesc::Field& FieldOf(const ControlSlot& slot) const {
@@ -71,11 +71,11 @@ private:
     std::unique_ptr<CNumberEdit> MakeEdit(const chipdesc::PlannedWindow& planned, const chipdesc::Field* field) const;
     void AddControlSlot(const chipdesc::PlannedWindow& planned, HWND window, std::unique_ptr<CNumberEdit> edit);
     // What the chip held for a field when the page opened, where the snapshot has it.
-    int SnapshotValue(const chipdesc::Field& field, int colour) const;
-    void ShowValue(ControlSlot& slot, int value);
-    int ControlValue(const ControlSlot& slot) const;
+    chipdesc::Value SnapshotValue(const chipdesc::Field& field, int colour) const;
+    void ShowValue(ControlSlot& slot, chipdesc::Value value);
+    chipdesc::Value ControlValue(const ControlSlot& slot) const;
     // The chip's value kept, shown as far as the control can, and read out.
-    void ShowChipValue(ControlSlot& slot, int value);
+    void ShowChipValue(ControlSlot& slot, chipdesc::Value value);
     void UpdateReadout(const ControlSlot& slot) const;
     // A host value read and shown in the fields showing it.
     void ShowHostValue(chipdesc::Source source);
@@ -87,14 +87,15 @@ private:
                              const std::array<bool, chipdesc::kSourceCount>& read);
 
     // The cycle of one change: values[colour] go into the colours the change touches.
-    void ChangeField(int field, const std::array<int, chipdesc::kColourCount>& values,
-                     const std::array<bool, chipdesc::kColourCount>& touched);
+    using ColourValues = std::array<chipdesc::Value, chipdesc::kMaxColours>;
+    using ColourFlags = std::array<bool, chipdesc::kMaxColours>;
+    void ChangeField(int field, const ColourValues& values, const ColourFlags& touched);
     void OnControlChanged(ControlSlot& slot);
     void OnHexEdited(ControlSlot& slot);
     // Writes valueOf(field, record as read, colour copy) into every copy of each field `picks` picks,
     // record by record; true when a record was written.
     bool PatchRecords(const std::function<bool(const chipdesc::Field&)>& picks,
-                      const std::function<int(const chipdesc::Field&, const Bytes&, int)>& valueOf,
+                      const std::function<chipdesc::Value(const chipdesc::Field&, const Bytes&, int)>& valueOf,
                       bool onlyWhenChanged);
     void WriteDefaults();
     // The fields the chip wants written whenever the page fills itself (copies made equal again, the
@@ -111,7 +112,7 @@ private:
     struct ClassSettings {
         int linked = 0;
         int showCurrent = 0;
-        std::array<int, chipdesc::kColourCount> reference{}; // whole numbers, whatever the edits take
+        std::array<int, chipdesc::kMaxColours> reference{}; // whole numbers, whatever the edits take
     };
     ClassSettings& Settings() const;
     int& LinkSwitch() const;
@@ -132,5 +133,5 @@ private:
     mutable ClassSettings m_pageSettings; // when the description keeps them per page
     int m_currentField = -1;
     int m_currentSwitchId = 0;
-    std::array<CurrentColour, chipdesc::kColourCount> m_current;
+    std::array<CurrentColour, chipdesc::kMaxColours> m_current;
 };

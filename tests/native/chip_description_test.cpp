@@ -106,6 +106,18 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {replace("control = combo", "control = combo\nhost-range = gain"), 16, ErrorCode::BadValue},
         {replace("link = IDS_Link", "link = IDS_Link\nrefresh-reads = record20 record-a"), 4,
          ErrorCode::MissingKey}, // the fields' block is not read
+        // Copies: of a field that exists, not of themselves, inside the record and on bits of their own.
+        {replace("control = combo", "control = combo\nlike = speed"), 16, ErrorCode::UnknownField},
+        {good + "[field a]\nlike = b\n[field b]\nlike = a\n", 18, ErrorCode::CopyCycle},
+        {good + "[field m2]\nlike = mode\noffset = 7\n", 19, ErrorCode::OutsideRecord},
+        {good + "[field m2]\nlike = mode\n", 18, ErrorCode::Overlap},
+        {good + "[field m2]\nlike = mode\noffset = 1\nrepeat = 2 every 6\n", 20, ErrorCode::OutsideRecord},
+        // Wide, signed, and more colours.
+        {good + "[field w]\nlabel = \"W\"\nrecord = record-a\nbits = 0[7:0] 1[7:0] 2[7:0] 3[7:0]\ncontrol = slider\n",
+         21, ErrorCode::ControlCannotHold},
+        {replace("bits = 8[0]", "bits = 8[0]\nsigned = sign-magnitude"), 14, ErrorCode::BadValue},
+        {replace("link = IDS_Link", "link = IDS_Link\ncolours = 4"), 4, ErrorCode::MissingKey},
+        {replace("link = IDS_Link", "link = IDS_Link\ncolour-labels = \"R\" \"G\""), 4, ErrorCode::BadValue},
         {"[page]\nclass = CRegvaneExampleChip\n", 2, ErrorCode::NoFields},
         {std::string(kGoodPage) + "\nnote = \x01\x02", 18, ErrorCode::NotText},
         {std::string(kGoodPage) + "\n# " + std::string(1200, 'x'), 18, ErrorCode::LineTooLong},
@@ -152,7 +164,7 @@ TEST(ChipDescription, EveryCodingKeepsEveryValueAndNoOtherBit) {
     std::mt19937 random(5153);
     const struct {
         std::string bits, coding;
-        int lowest, highest;
+        Value lowest, highest;
     } fields[] = {
         {"3[0]", "plain", 0, 1},
         {"3[6:4]", "xor 2", 0, 7},
@@ -168,7 +180,7 @@ TEST(ChipDescription, EveryCodingKeepsEveryValueAndNoOtherBit) {
         SCOPED_TRACE(spec.bits + " " + spec.coding);
         const Field field = FieldOf(spec.bits, spec.coding);
         EXPECT_EQ(CodableRange(field), std::make_pair(spec.lowest, spec.highest));
-        for (int value = spec.lowest; value <= spec.highest; ++value) {
+        for (Value value = spec.lowest; value <= spec.highest; ++value) {
             std::array<std::uint8_t, 16> block;
             for (auto& byte : block)
                 byte = static_cast<std::uint8_t>(random());
@@ -217,9 +229,9 @@ TEST(ChipDescription, EveryShippedDescriptionIsValidNamedForItsClassAndTranslate
         }
     }
     EXPECT_GE(count, 3);
-    // The documentation's worked example is a valid description too.
-    ParseResult example = Parse(ReadSourceFile("docs/examples/CRegvaneExampleChip.desc"), IsModuleStringId);
-    EXPECT_TRUE(std::holds_alternative<Description>(example)) << std::get<ParseError>(example).detail;
+    // The documentation's examples are valid descriptions too.
+    for (const char* example : {"CRegvaneExampleChip", "CRegvaneExampleRgbw", "CRegvaneExampleChannels"})
+        Parsed(ReadSourceFile(std::string("docs/examples/") + example + ".desc"), IsModuleStringId, example);
 }
 
 // The names in backquotes in the first column of the tables under a heading of the guide.

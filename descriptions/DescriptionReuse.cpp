@@ -1,0 +1,162 @@
+// Fields declared once and used again: a field like another (its keys read again, the copy's own
+// overriding them, its place moved by an offset), and a field or a group of fields repeated at a
+// distance. Also the checks of what the page says of its colours, which copies depend on.
+#include "descriptions/ChipDescriptionParser.h"
+
+#include <algorithm>
+#include <climits>
+#include <set>
+
+namespace chipdesc::detail {
+
+namespace {
+
+// Keys a copy never takes from its base: control ids must differ, a page has one current read-out, and
+// a copy of a repeated field is one field unless it says otherwise.
+bool BelongsToOneField(std::string_view key) {
+    static constexpr std::string_view kKeys[] = {"ids",          "label-id",      "readout-ids",
+                                                 "current",      "current-ids",   "current-switch-id",
+                                                 "fraction-ids", "reference-ids", "reference-decimals",
+                                                 "like",         "offset",        "repeat"};
+    return std::find(std::begin(kKeys), std::end(kKeys), key) != std::end(kKeys);
+}
+
+bool SameGroup(const Field& a, const Field& b) {
+    return a.group.text == b.group.text && a.group.literal == b.group.literal;
+}
+
+} // namespace
+
+bool Parser::ResolveCopies() {
+    std::vector<int> state(m_drafts.size(), 0);
+    for (std::size_t i = 0; i < m_drafts.size(); ++i)
+        if (!Inherit(i, state))
+            return false;
+    return ExpandRepeats();
+}
+
+// state: 0 not yet resolved, 1 being resolved (met again: a circle), 2 resolved.
+bool Parser::Inherit(std::size_t index, std::vector<int>& state) {
+    if (state[index] == 2 || m_drafts[index].likeName.empty()) {
+        state[index] = 2;
+        return true;
+    }
+    const int likeLine = m_drafts[index].LineOf("like");
+    if (state[index] == 1)
+        return Fail(likeLine, ErrorCode::CopyCycle, m_drafts[index].field.name);
+    state[index] = 1;
+    const std::string& likeName = m_drafts[index].likeName;
+    const auto base = std::find_if(m_drafts.begin(), m_drafts.end(),
+                                   [&](const FieldDraft& d) { return d.field.name == likeName; });
+    const auto baseIndex = static_cast<std::size_t>(base - m_drafts.begin());
+    if (base == m_drafts.end() || baseIndex == index)
+        return Fail(likeLine, ErrorCode::UnknownField, likeName);
+    if (!Inherit(baseIndex, state))
+        return false;
+    FieldDraft& copy = m_drafts[index];
+    FieldDraft resolved;
+    resolved.field.name = copy.field.name;
+    resolved.field.line = copy.field.line;
+    // What goes wrong in what the copy takes over is the copy's problem: it is reported at its "like".
+    for (const KeyText& key : m_drafts[baseIndex].keys)
+        if (!copy.Has(key.key) && !BelongsToOneField(key.key))
+            resolved.keys.push_back({key.key, key.value, likeLine});
+    resolved.keys.insert(resolved.keys.end(), copy.keys.begin(), copy.keys.end());
+    for (const KeyText& key : resolved.keys) {
+        resolved.keyLines.emplace(std::string(key.key), key.line);
+        if (!KeyLine(key.line, key.key, key.value, &resolved))
+            return false;
+    }
+    // Without bits of its own the copy lies where its base lies, moved by its own offset.
+    if (!copy.Has("bits")) {
+        resolved.offset += m_drafts[baseIndex].offset;
+        if (copy.Has("offset"))
+            resolved.keyLines["bits"] = copy.LineOf("offset");
+    }
+    copy = std::move(resolved);
+    state[index] = 2;
+    return true;
+}
+
+// A repeated field becomes NAME-1 to NAME-COUNT. Consecutive fields of one group repeated as often
+// repeat together: the group's first copy, then its second, each in a box of its own when the title
+// says "{n}".
+bool Parser::ExpandRepeats() {
+    if (std::none_of(m_drafts.begin(), m_drafts.end(), [](const FieldDraft& d) { return d.repeatCount; }))
+        return true;
+    std::vector<FieldDraft> expanded;
+    std::set<std::string, std::less<>> names;
+    for (const FieldDraft& draft : m_drafts)
+        names.insert(draft.field.name);
+    for (std::size_t first = 0; first < m_drafts.size();) {
+        const FieldDraft& head = m_drafts[first];
+        std::size_t end = first + 1;
+        while (head.repeatCount && !head.field.group.text.empty() && end < m_drafts.size() &&
+               m_drafts[end].repeatCount == head.repeatCount && SameGroup(m_drafts[end].field, head.field))
+            ++end;
+        if (!head.repeatCount) {
+            expanded.push_back(std::move(m_drafts[first++]));
+            continue;
+        }
+        for (std::size_t i = first; i < end; ++i)
+            for (const std::string_view key : {"ids", "label-id", "readout-ids", "current"})
+                if (m_drafts[i].Has(key))
+                    return Fail(m_drafts[i].LineOf(key), ErrorCode::BadValue, key);
+        for (int number = 1; number <= head.repeatCount; ++number) {
+            const std::string suffix = "-" + std::to_string(number);
+            for (std::size_t i = first; i < end; ++i) {
+                FieldDraft copy = m_drafts[i];
+                copy.field.name += suffix;
+                copy.field.copyNumber = number;
+                copy.offset += (number - 1) * copy.repeatEvery;
+                // Where a copy goes wrong, the repeat made it.
+                if (number > 1)
+                    copy.keyLines["bits"] = copy.LineOf("repeat");
+                if (!names.insert(copy.field.name).second)
+                    return Fail(copy.LineOf("repeat"), ErrorCode::DuplicateName, copy.field.name);
+                // Shown by a field of its own group: by that field's copy of the same number.
+                for (std::size_t j = first; j < end; ++j)
+                    if (copy.showIfName == m_drafts[j].field.name)
+                        copy.showIfName += suffix;
+                expanded.push_back(std::move(copy));
+            }
+        }
+        first = end;
+    }
+    m_drafts = std::move(expanded);
+    return true;
+}
+
+bool Parser::CheckColours() {
+    const Page& page = m_description.page;
+    if (m_page.keyLines.count("colour-labels")) {
+        if (static_cast<int>(page.colourLabels.size()) != page.colourCount)
+            return Fail(m_page.LineOf("colour-labels"), ErrorCode::BadValue,
+                        std::to_string(page.colourLabels.size()) + " / " + std::to_string(page.colourCount));
+    } else if (page.colourCount != kDefaultColours) {
+        return Fail(m_page.LineOf("colours"), ErrorCode::MissingKey, "colour-labels");
+    }
+    return true;
+}
+
+// A sign needs a sign bit and bits that are the value's own; a hex control shows plain bits.
+bool Parser::CheckSign(FieldDraft& draft) {
+    const Field& field = draft.field;
+    if (field.signedness == Signedness::Unsigned)
+        return true;
+    if (IsHostValue(field.source) || field.Width() < 2 || field.coding == Coding::Set ||
+        field.control == Control::Hex)
+        return Fail(draft.LineOf("signed"), ErrorCode::BadValue, "signed");
+    return true;
+}
+
+// A slider's positions are 32-bit signed; a wider range needs a number or hex control.
+bool Parser::CheckControlHolds(FieldDraft& draft) {
+    const Field& field = draft.field;
+    if (field.control == Control::Slider && (field.minimum < INT_MIN || field.maximum > INT_MAX))
+        return Fail(draft.LineOf(draft.Has("range") ? "range" : "control"), ErrorCode::ControlCannotHold,
+                    std::to_string(field.minimum) + ".." + std::to_string(field.maximum));
+    return true;
+}
+
+} // namespace chipdesc::detail

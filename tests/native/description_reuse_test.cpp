@@ -1,0 +1,83 @@
+// Wider descriptions: signed and 32-bit fields against bytes worked out by hand, a page of four colour
+// copies, and fields declared once and used again (like another, repeated). Their refusals are rows of
+// the parser's table in chip_description_test.cpp.
+#include "descriptions/ChipDescription.h"
+#include "descriptions/DescriptionLayout.h"
+#include "framework/TextEncoding.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace chipdesc;
+using Block = std::array<std::uint8_t, 16>;
+
+Description Parsed(const std::string& page, const std::string& fields) {
+    ParseResult result = Parse("[page]\nclass = CRegvaneExampleChip\n" + page + fields, {});
+    if (const auto* error = std::get_if<ParseError>(&result)) {
+        ADD_FAILURE() << error->line << ": " << ReasonStringId(error->code) << " " << error->detail;
+        return {};
+    }
+    return std::get<Description>(std::move(result));
+}
+
+TEST(WideFields, SignedAnd32BitValuesAreTheBytesWorkedOutByHand) {
+    const Description d = Parsed("", "[field count]\nlabel = \"C\"\nbits = 3[7:0] 2[7:0] 1[7:0] 0[7:0]\n"
+                                     "control = number\n[field trim]\nlabel = \"T\"\nbits = 4[7:0]\n"
+                                     "signed = twos-complement\ncontrol = slider\n[field black]\nlabel = \"B\"\n"
+                                     "bits = 6[3:0] 5[7:0]\nsigned = sign-magnitude\ncontrol = number\n");
+    const Field &count = d.fields.at(0), &trim = d.fields.at(1), &black = d.fields.at(2);
+    Block block{};
+    WriteValue(count, block, 0, 0x89ABCDEF);
+    WriteValue(trim, block, 0, -2);
+    WriteValue(black, block, 0, -5);
+    EXPECT_EQ(block, (Block{0xEF, 0xCD, 0xAB, 0x89, 0xFE, 0x05, 0x08}));
+    block = {0xFF, 0xFF, 0xFF, 0xFF, 0x80, 0xFF, 0xFF};
+    EXPECT_EQ(ReadValue(count, block, 0), 4294967295);
+    EXPECT_EQ(ReadValue(trim, block, 0), -128);
+    EXPECT_EQ(ReadValue(black, block, 0), -2047);
+    block[6] = 0x08, block[5] = 0; // the sign without a magnitude
+    EXPECT_EQ(ReadValue(black, block, 0), 0);
+    using Range = std::pair<Value, Value>;
+    EXPECT_EQ(Range(count.minimum, count.maximum), Range(0, 4294967295));
+    EXPECT_EQ(Range(trim.minimum, trim.maximum), Range(-128, 127));
+    EXPECT_EQ(Range(black.minimum, black.maximum), Range(-2047, 2047));
+}
+
+TEST(WideFields, FourColoursWriteFourCopiesUnderTheirLabels) {
+    const Description d = Parsed("colours = 4\ncolour-labels = \"R\" \"G\" \"B\" IDS_White\nstride = 3\n",
+                                 "[field gain]\nlabel = \"G\"\nbits = 0[6:0]\ncolours = separate\ncontrol = slider\n");
+    Block block{};
+    for (int colour = 0; colour < 4; ++colour)
+        WriteValue(d.fields.at(0), block, colour, 10 + colour);
+    EXPECT_EQ(block, (Block{10, 0, 0, 11, 0, 0, 12, 0, 0, 13}));
+    LayoutTexts texts;
+    texts.translate = [](std::string_view id) { return L"(" + Utf8ToWide(id) + L")"; };
+    std::vector<std::wstring> headers;
+    for (const PlannedWindow& window : PlanLayout(d, texts, {}).windows)
+        if (window.role == Role::ColourHeader || window.role == Role::Control)
+            headers.push_back(window.text);
+    EXPECT_EQ(headers, (std::vector<std::wstring>{L"R", L"G", L"B", L"(IDS_White)", L"", L"", L"", L""}));
+}
+
+TEST(Reuse, CopiesAndRepeatsLieWhereTheirOffsetsPutThem) {
+    const Description d = Parsed(
+        "", "[field on]\nlabel = \"On\"\ngroup = \"Ch {n}\"\nbits = 0[7]\ncontrol = check\nrepeat = 3 every 2\n"
+            "[field level]\nlabel = \"L\"\ngroup = \"Ch {n}\"\nbits = 0[6:0]\ncontrol = slider\nshow-if = on\n"
+            "repeat = 3 every 2\n[field all]\nlike = level\noffset = 9\ngroup = \"All\"\nshow-if = on-3\n"
+            "[field more]\nlike = all\noffset = 2\n");
+    Block block{};
+    for (const Field& field : d.fields)
+        WriteValue(field, block, 0, field.maximum);
+    EXPECT_EQ(block, (Block{0xFF, 0, 0xFF, 0, 0xFF, 0, 0, 0, 0, 0x7F, 0, 0x7F}));
+    ASSERT_EQ(d.fields.size(), 8u);
+    EXPECT_EQ(d.fields[3].name, "level-2");
+    EXPECT_EQ(d.fields[3].showIf, 2); // its own channel's switch
+    std::vector<std::wstring> boxes;
+    for (const PlannedWindow& window : PlanLayout(d, {}, {}).windows)
+        if (window.role == Role::GroupBox)
+            boxes.push_back(window.text);
+    EXPECT_EQ(boxes, (std::vector<std::wstring>{L"Ch 1", L"Ch 2", L"Ch 3", L"All"}));
+}
+
+} // namespace
