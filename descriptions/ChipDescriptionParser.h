@@ -112,7 +112,7 @@ private:
 
     // Fields declared once and used again (DescriptionReuse.cpp).
     bool ResolveCopies();
-    bool Inherit(std::size_t index, std::vector<int>& state);
+    bool Inherit(std::size_t index, std::size_t baseIndex);
     bool ExpandRepeats();
     bool CheckColours();
     bool CheckSign(FieldDraft& draft);

@@ -5,11 +5,14 @@
 
 #include <algorithm>
 #include <climits>
+#include <map>
 #include <set>
 
 namespace chipdesc::detail {
 
 namespace {
+
+constexpr std::size_t kMaxExpandedFields = 1000;
 
 // Keys a copy never takes from its base: control ids must differ, a page has one current read-out, and
 // a copy of a repeated field is one field unless it says otherwise.
@@ -28,32 +31,41 @@ bool SameGroup(const Field& a, const Field& b) {
 } // namespace
 
 bool Parser::ResolveCopies() {
-    std::vector<int> state(m_drafts.size(), 0);
+    std::map<std::string, std::size_t, std::less<>> named;
     for (std::size_t i = 0; i < m_drafts.size(); ++i)
-        if (!Inherit(i, state))
-            return false;
+        named.emplace(m_drafts[i].field.name, i);
+    // Each copy is resolved after its base, following the chain of bases by hand: a long chain must
+    // not run the host's stack dry.
+    std::vector<bool> resolved(m_drafts.size(), false);
+    std::vector<bool> onChain(m_drafts.size(), false);
+    std::vector<std::pair<std::size_t, std::size_t>> chain; // a copy and its base
+    for (std::size_t first = 0; first < m_drafts.size(); ++first) {
+        for (std::size_t at = first; !resolved[at] && !m_drafts[at].likeName.empty();) {
+            const FieldDraft& copy = m_drafts[at];
+            if (onChain[at])
+                return Fail(copy.LineOf("like"), ErrorCode::CopyCycle, copy.field.name);
+            const auto base = named.find(copy.likeName);
+            if (base == named.end() || base->second == at)
+                return Fail(copy.LineOf("like"), ErrorCode::UnknownField, copy.likeName);
+            onChain[at] = true;
+            chain.emplace_back(at, base->second);
+            at = base->second;
+        }
+        for (auto link = chain.rbegin(); link != chain.rend(); ++link) {
+            if (!Inherit(link->first, link->second))
+                return false;
+            resolved[link->first] = true;
+        }
+        chain.clear();
+        resolved[first] = true;
+    }
     return ExpandRepeats();
 }
 
-// state: 0 not yet resolved, 1 being resolved (met again: a circle), 2 resolved.
-bool Parser::Inherit(std::size_t index, std::vector<int>& state) {
-    if (state[index] == 2 || m_drafts[index].likeName.empty()) {
-        state[index] = 2;
-        return true;
-    }
-    const int likeLine = m_drafts[index].LineOf("like");
-    if (state[index] == 1)
-        return Fail(likeLine, ErrorCode::CopyCycle, m_drafts[index].field.name);
-    state[index] = 1;
-    const std::string& likeName = m_drafts[index].likeName;
-    const auto base = std::find_if(m_drafts.begin(), m_drafts.end(),
-                                   [&](const FieldDraft& d) { return d.field.name == likeName; });
-    const auto baseIndex = static_cast<std::size_t>(base - m_drafts.begin());
-    if (base == m_drafts.end() || baseIndex == index)
-        return Fail(likeLine, ErrorCode::UnknownField, likeName);
-    if (!Inherit(baseIndex, state))
-        return false;
+// The copy's keys: its base's (resolved already), less those it gives itself, then its own.
+bool Parser::Inherit(std::size_t index, std::size_t baseIndex) {
     FieldDraft& copy = m_drafts[index];
+    const int likeLine = copy.LineOf("like");
     FieldDraft resolved;
     resolved.field.name = copy.field.name;
     resolved.field.line = copy.field.line;
@@ -74,7 +86,6 @@ bool Parser::Inherit(std::size_t index, std::vector<int>& state) {
             resolved.keyLines["bits"] = copy.LineOf("offset");
     }
     copy = std::move(resolved);
-    state[index] = 2;
     return true;
 }
 
@@ -112,6 +123,9 @@ bool Parser::ExpandRepeats() {
                 // Where a copy goes wrong, the repeat made it.
                 if (number > 1)
                     copy.keyLines["bits"] = copy.LineOf("repeat");
+                // More rows than a page can sensibly hold (and than its automatic ids can number).
+                if (expanded.size() >= kMaxExpandedFields)
+                    return Fail(copy.LineOf("repeat"), ErrorCode::BadValue, "repeat");
                 if (!names.insert(copy.field.name).second)
                     return Fail(copy.LineOf("repeat"), ErrorCode::DuplicateName, copy.field.name);
                 // Shown by a field of its own group: by that field's copy of the same number.
