@@ -157,7 +157,7 @@ struct Page {
     int colourCount = kDefaultColours;
     std::vector<Item> colourLabels{{"IDS_Red"}, {"IDS_Green"}, {"IDS_Blue"}};
     int stride = 2;
-    std::string link; // label of the link switch; empty: the page has none
+    Item link; // label of the link switch; empty: the page has none
     int linkId = 0;
     // By default the block, the 20-byte record and every other record a field lives in.
     std::vector<Source> changeTest{Source::Block, Source::Record20};

@@ -205,7 +205,7 @@ bool Parser::ConnectFields() {
                 return Fail(draft.LineOf("show-if"), ErrorCode::UnknownField, draft.showIfName);
             draft.field.showIf = static_cast<int>(found - m_drafts.begin());
         }
-        if (draft.field.colours == Colours::Linked && m_description.page.link.empty())
+        if (draft.field.colours == Colours::Linked && m_description.page.link.text.empty())
             return Fail(draft.LineOf("colours"), ErrorCode::MissingKey, "link");
     }
     return true;

@@ -233,10 +233,6 @@ template <auto member, bool dashes = true> bool Name(KeyValue& v) {
     return true;
 }
 
-template <auto member> bool StringId(KeyValue& v) {
-    return v.StringId(v.value, Into(v, member));
-}
-
 template <auto member> bool Text(KeyValue& v) {
     return v.Text(v.value, Into(v, member));
 }
@@ -468,7 +464,7 @@ constexpr Key kKeys[] = {
     {"colours", P, Number<&Page::colourCount, 1, kMaxColours>, "how many colour copies the registers have"},
     {"colour-labels", P, ColourTexts<&Page::colourLabels>, "the texts above the colours' columns, in order"},
     {"stride", P, Number<&Page::stride, 1, 64>, "bytes from one colour's copy of a register to the next"},
-    {"link", P, StringId<&Page::link>, "the link switch's text; linked controls move together with it on"},
+    {"link", P, Text<&Page::link>, "the link switch's text; linked controls move together with it on"},
     {"link-id", P, Id<&Page::linkId>, "the link switch's control id"},
     {"change-test", P, Records<&Page::changeTest, true, true>, "what the change test compares, in order"},
     {"carry", P, Records<&Page::carry, false, false>, "records handed back unchanged with every write"},

@@ -130,8 +130,11 @@ int Planner::ControlWidth(const Field& field) const {
         return X(100);
     case Control::Check:
         return X(10);
-    case Control::Hex: // a byte's two digits as wide as the register editor's
-        return HexDigits(field) <= 2 ? X(20) : Measure(std::wstring(HexDigits(field), L'f')) + X(10);
+    case Control::Hex: { // a byte's two digits as wide as the register editor's
+        const auto digits = static_cast<std::size_t>(HexDigits(field));
+        return digits <= 2 ? X(20)
+                           : std::max(Measure(std::wstring(digits, L'0')), Measure(std::wstring(digits, L'd'))) + X(10);
+    }
     case Control::Combo: {
         int widest = 0;
         for (const Item& item : field.items)
@@ -266,8 +269,8 @@ Planner::Columns Planner::MeasureColumns(const std::vector<int>& rows) const {
 
 void Planner::AddSwitchAndHeaders(const Columns& columns, int& y) {
     const Page& page = m_description.page;
-    if (!page.link.empty()) {
-        const std::wstring text = Translate(page.link);
+    if (!page.link.text.empty()) {
+        const std::wstring text = ItemText(page.link, m_texts);
         const int id = page.linkId ? page.linkId : NextId();
         Add(Role::LinkSwitch, -1, -1, id, text,
             {columns.labelX, y + Y(1), columns.labelX + Measure(text) + X(14), y + Y(11)});

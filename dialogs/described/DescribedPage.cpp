@@ -217,6 +217,9 @@ void CDescribedPage::AddControlSlot(const PlannedWindow& planned, HWND window, s
     case Control::Slider:
         ::SendMessageW(window, TBM_SETRANGEMIN, FALSE, static_cast<LPARAM>(field.minimum));
         ::SendMessageW(window, TBM_SETRANGEMAX, TRUE, static_cast<LPARAM>(field.maximum));
+        // A position still inside the new range leaves Wine's thumb where the old range drew it.
+        if (field.minimum < 0)
+            ::SendMessageW(window, TBM_SETPOS, TRUE, static_cast<LPARAM>(field.minimum));
         break;
     case Control::Combo: {
         LayoutTexts texts;
