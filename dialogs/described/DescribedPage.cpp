@@ -636,9 +636,9 @@ void CDescribedPage::ApplyHostRanges() {
         Value maximum = gainRange->second;
         if (!field.hostRangeAsGiven) {
             // Lowest first, within what the field holds; a range outside it leaves the field's own.
-            const auto [lowest, highest] = std::minmax<Value>(gainRange->first, gainRange->second);
-            minimum = std::max(lowest, field.minimum);
-            maximum = std::min(highest, field.maximum);
+            const auto [lowest, highest] = std::minmax(gainRange->first, gainRange->second);
+            minimum = std::max<Value>(lowest, field.minimum);
+            maximum = std::min<Value>(highest, field.maximum);
             if (minimum > maximum) {
                 minimum = field.minimum;
                 maximum = field.maximum;
