@@ -34,8 +34,8 @@ bool Parser::FinishField(FieldDraft& draft) {
         return Fail(field.line, ErrorCode::MissingKey, "label");
     const bool placed =
         IsHostValue(field.source) ? FinishHostValue(draft) : PlaceBits(draft) && CheckBits(draft);
-    return placed && CheckSign(draft) && FitRange(draft) && CheckControlHolds(draft) && CheckKeysAgree(draft) &&
-           CheckCurrentKeys(draft);
+    return placed && CheckSign(draft) && FitRange(draft) && CheckControlHolds(draft) &&
+           CheckKeysAgree(draft) && CheckCurrentKeys(draft);
 }
 
 // A value the host reports has no bits, one value, and a range of its own.

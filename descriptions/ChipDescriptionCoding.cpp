@@ -56,8 +56,8 @@ void WriteStored(const Position& position, std::span<std::uint8_t> record, std::
             if (copy.byte >= record.size())
                 continue;
             const unsigned placed = mask << copy.lsb;
-            record[copy.byte] = static_cast<std::uint8_t>((record[copy.byte] & ~placed) |
-                                                          ((static_cast<unsigned>(remaining) & mask) << copy.lsb));
+            record[copy.byte] = static_cast<std::uint8_t>(
+                (record[copy.byte] & ~placed) | ((static_cast<unsigned>(remaining) & mask) << copy.lsb));
         }
         remaining >>= run->width;
     }

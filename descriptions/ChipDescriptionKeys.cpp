@@ -510,7 +510,8 @@ constexpr Key kKeys[] = {
     {"on-fill", F, Word<&Field::onFill, kOnFill>, "what each fill from the chip writes into the field"},
     {"show-if", F, Name<&FieldDraft::showIfName>, "the field whose non-zero value shows this one"},
     {"like", F, Name<&FieldDraft::likeName>, "the field this one copies, its own keys overriding"},
-    {"offset", F, Number<&FieldDraft::offset, -0xFFFF, 0xFFFF>, "bytes the field lies further on than its bits say"},
+    {"offset", F, Number<&FieldDraft::offset, -0xFFFF, 0xFFFF>,
+     "bytes the field lies further on than its bits say"},
     {"repeat", F, Repeat<&FieldDraft::repeatCount, &FieldDraft::repeatEvery>,
      "the field stands for this many, each so many bytes on"},
 };

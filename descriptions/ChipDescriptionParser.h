@@ -48,7 +48,8 @@ struct KeyText {
 struct FieldDraft {
     Field field;
     std::map<std::string, int, std::less<>> keyLines;
-    std::vector<KeyText> keys; // as written, in order; a copy's once resolved, with what it inherits
+    // As written, in order; once a copy is resolved, with what it takes from its base.
+    std::vector<KeyText> keys;
     std::vector<Position> alternatives; // from bits: one, or one per colour
     int fieldStride = -1;
     std::string showIfName;

@@ -132,8 +132,10 @@ int Planner::ControlWidth(const Field& field) const {
         return X(10);
     case Control::Hex: { // a byte's two digits as wide as the register editor's
         const auto digits = static_cast<std::size_t>(HexDigits(field));
-        return digits <= 2 ? X(20)
-                           : std::max(Measure(std::wstring(digits, L'0')), Measure(std::wstring(digits, L'd'))) + X(10);
+        return digits <= 2
+                   ? X(20)
+                   : std::max(Measure(std::wstring(digits, L'0')), Measure(std::wstring(digits, L'd'))) +
+                         X(10);
     }
     case Control::Combo: {
         int widest = 0;

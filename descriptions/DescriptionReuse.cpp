@@ -17,10 +17,9 @@ constexpr std::size_t kMaxExpandedFields = 1000;
 // Keys a copy never takes from its base: control ids must differ, a page has one current read-out, and
 // a copy of a repeated field is one field unless it says otherwise.
 bool BelongsToOneField(std::string_view key) {
-    static constexpr std::string_view kKeys[] = {"ids",          "label-id",      "readout-ids",
-                                                 "current",      "current-ids",   "current-switch-id",
-                                                 "fraction-ids", "reference-ids", "reference-decimals",
-                                                 "like",         "offset",        "repeat"};
+    static constexpr std::string_view kKeys[] = {
+        "ids",          "label-id",      "readout-ids",        "current", "current-ids", "current-switch-id",
+        "fraction-ids", "reference-ids", "reference-decimals", "like",    "offset",      "repeat"};
     return std::find(std::begin(kKeys), std::end(kKeys), key) != std::end(kKeys);
 }
 

@@ -94,8 +94,8 @@ private:
     void OnHexEdited(ControlSlot& slot);
     // Writes valueOf(field, record as read, colour copy) into every copy of each field `picks` picks,
     // record by record; true when a record was written.
-    bool PatchRecords(const std::function<bool(const chipdesc::Field&)>& picks,
-                      const std::function<chipdesc::Value(const chipdesc::Field&, const Bytes&, int)>& valueOf,
+    using ValueOf = std::function<chipdesc::Value(const chipdesc::Field&, const Bytes&, int)>;
+    bool PatchRecords(const std::function<bool(const chipdesc::Field&)>& picks, const ValueOf& valueOf,
                       bool onlyWhenChanged);
     void WriteDefaults();
     // The fields the chip wants written whenever the page fills itself (copies made equal again, the

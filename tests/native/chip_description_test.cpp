@@ -113,7 +113,8 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {good + "[field m2]\nlike = mode\n", 18, ErrorCode::Overlap},
         {good + "[field m2]\nlike = mode\noffset = 1\nrepeat = 2 every 6\n", 20, ErrorCode::OutsideRecord},
         // Wide, signed, and more colours.
-        {good + "[field w]\nlabel = \"W\"\nrecord = record-a\nbits = 0[7:0] 1[7:0] 2[7:0] 3[7:0]\ncontrol = slider\n",
+        {good + "[field w]\nlabel = \"W\"\nrecord = record-a\nbits = 0[7:0] 1[7:0] 2[7:0] 3[7:0]\ncontrol = "
+                "slider\n",
          21, ErrorCode::ControlCannotHold},
         {replace("bits = 8[0]", "bits = 8[0]\nsigned = sign-magnitude"), 14, ErrorCode::BadValue},
         {replace("link = IDS_Link", "link = IDS_Link\ncolours = 4"), 4, ErrorCode::MissingKey},

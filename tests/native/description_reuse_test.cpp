@@ -21,10 +21,11 @@ Description Parsed(const std::string& page, const std::string& fields) {
 }
 
 TEST(WideFields, SignedAnd32BitValuesAreTheBytesWorkedOutByHand) {
-    const Description d = Parsed("", "[field count]\nlabel = \"C\"\nbits = 3[7:0] 2[7:0] 1[7:0] 0[7:0]\n"
-                                     "control = number\n[field trim]\nlabel = \"T\"\nbits = 4[7:0]\n"
-                                     "signed = twos-complement\ncontrol = slider\n[field black]\nlabel = \"B\"\n"
-                                     "bits = 6[3:0] 5[7:0]\nsigned = sign-magnitude\ncontrol = number\n");
+    const Description d =
+        Parsed("", "[field count]\nlabel = \"C\"\nbits = 3[7:0] 2[7:0] 1[7:0] 0[7:0]\n"
+                   "control = number\n[field trim]\nlabel = \"T\"\nbits = 4[7:0]\n"
+                   "signed = twos-complement\ncontrol = slider\n[field black]\nlabel = \"B\"\n"
+                   "bits = 6[3:0] 5[7:0]\nsigned = sign-magnitude\ncontrol = number\n");
     const Field &count = d.fields.at(0), &trim = d.fields.at(1), &black = d.fields.at(2);
     Block block{};
     WriteValue(count, block, 0, 0x89ABCDEF);
@@ -44,10 +45,11 @@ TEST(WideFields, SignedAnd32BitValuesAreTheBytesWorkedOutByHand) {
 
 TEST(Reuse, CopiesAndRepeatsLieWhereTheirOffsetsPutThem) {
     const Description d = Parsed(
-        "", "[field on]\nlabel = \"On\"\ngroup = \"Ch {n}\"\nbits = 0[7]\ncontrol = check\nrepeat = 3 every 2\n"
-            "[field level]\nlabel = \"L\"\ngroup = \"Ch {n}\"\nbits = 0[6:0]\ncontrol = slider\nshow-if = on\n"
-            "repeat = 3 every 2\n[field all]\nlike = level\noffset = 9\ngroup = \"All\"\nshow-if = on-3\n"
-            "[field more]\nlike = all\noffset = 2\n");
+        "",
+        "[field on]\nlabel = \"On\"\ngroup = \"Ch {n}\"\nbits = 0[7]\ncontrol = check\nrepeat = 3 every 2\n"
+        "[field level]\nlabel = \"L\"\ngroup = \"Ch {n}\"\nbits = 0[6:0]\ncontrol = slider\nshow-if = on\n"
+        "repeat = 3 every 2\n[field all]\nlike = level\noffset = 9\ngroup = \"All\"\nshow-if = on-3\n"
+        "[field more]\nlike = all\noffset = 2\n");
     Block block{};
     for (const Field& field : d.fields)
         WriteValue(field, block, 0, field.maximum);
