@@ -163,12 +163,17 @@ bool Parser::CheckSign(FieldDraft& draft) {
     return true;
 }
 
-// A slider's positions are 32-bit signed; a wider range needs a number or hex control.
+// A slider's positions are 32-bit signed; a wider range needs a number or hex control. The read-out
+// routines take a 32-bit signed value too.
 bool Parser::CheckControlHolds(FieldDraft& draft) {
     const Field& field = draft.field;
-    if (field.control == Control::Slider && (field.minimum < INT_MIN || field.maximum > INT_MAX))
+    const bool beyondInt = field.minimum < INT_MIN || field.maximum > INT_MAX;
+    if (field.control == Control::Slider && beyondInt)
         return Fail(draft.LineOf(draft.Has("range") ? "range" : "control"), ErrorCode::ControlCannotHold,
                     std::to_string(field.minimum) + ".." + std::to_string(field.maximum));
+    for (const char* key : {"readout", "current"})
+        if (draft.Has(key) && beyondInt)
+            return Fail(draft.LineOf(key), ErrorCode::BadValue, key);
     return true;
 }
 
