@@ -115,6 +115,7 @@ private:
     bool ResolveCopies();
     bool Inherit(std::size_t index, std::size_t baseIndex);
     bool ExpandRepeats();
+    // Colours, signs and what a control holds (DescriptionWideChecks.cpp).
     bool CheckColours();
     bool CheckSign(FieldDraft& draft);
     bool CheckControlHolds(FieldDraft& draft);
