@@ -17,11 +17,10 @@ Description Parsed(const std::string& fields) {
 }
 
 TEST(WideFields, SignedAnd32BitValuesAreTheBytesWorkedOutByHand) {
-    const Description d =
-        Parsed("[field count]\nlabel = \"C\"\nbits = 3[7:0] 2[7:0] 1[7:0] 0[7:0]\n"
-                   "control = number\n[field trim]\nlabel = \"T\"\nbits = 4[7:0]\n"
-                   "signed = twos-complement\ncontrol = slider\n[field black]\nlabel = \"B\"\n"
-                   "bits = 6[3:0] 5[7:0]\nsigned = sign-magnitude\ncontrol = number\n");
+    const Description d = Parsed("[field count]\nlabel = \"C\"\nbits = 3[7:0] 2[7:0] 1[7:0] 0[7:0]\n"
+                                 "control = number\n[field trim]\nlabel = \"T\"\nbits = 4[7:0]\n"
+                                 "signed = twos-complement\ncontrol = slider\n[field black]\nlabel = \"B\"\n"
+                                 "bits = 6[3:0] 5[7:0]\nsigned = sign-magnitude\ncontrol = number\n");
     const Field &count = d.fields.at(0), &trim = d.fields.at(1), &black = d.fields.at(2);
     Block block{};
     WriteValue(count, block, 0, 0x89ABCDEF);
