@@ -74,6 +74,18 @@ struct PageDraft {
     }
 };
 
+// What a button's keys said, until the fields it names are known.
+struct ButtonDraft {
+    Button button;
+    std::map<std::string, int, std::less<>> keyLines;
+    std::string fieldName; // of the value handed to a function
+
+    int LineOf(std::string_view key) const {
+        const auto found = keyLines.find(key);
+        return found != keyLines.end() ? found->second : button.line;
+    }
+};
+
 // One "key = value" line, while its value is read into the page or the field being read.
 struct KeyValue {
     int line = 0;
@@ -83,6 +95,7 @@ struct KeyValue {
     FieldDraft* draft; // null in [page]
     const KnownStringId& known;
     std::optional<ParseError>& error;
+    ButtonDraft* button = nullptr; // in [button NAME]
 
     bool Fail(std::string_view detail, ErrorCode code = ErrorCode::BadValue) {
         return Refuse(error, line, code, detail);
@@ -93,6 +106,10 @@ struct KeyValue {
     // A control id.
     bool Id(std::string_view word, int& out);
 };
+
+// A button's action and its function's argument (DescriptionButtons.cpp).
+bool ReadAction(KeyValue& value);
+bool ReadArgument(KeyValue& value);
 
 class Parser {
 public:
@@ -109,7 +126,7 @@ private:
     bool ReadText(std::string_view text);
     bool Line(int number, std::string_view line);
     bool Header(int number, std::string_view name);
-    bool KeyLine(int number, std::string_view key, std::string_view value, FieldDraft* draft);
+    bool KeyLine(int number, Section section, std::string_view key, std::string_view value, FieldDraft* draft);
 
     // Fields declared once and used again (DescriptionReuse.cpp).
     bool ResolveCopies();
@@ -135,6 +152,10 @@ private:
     bool CheckIds();
     bool CheckRefreshReads();
     void CompleteChangeTest();
+    // The page's buttons (DescriptionButtons.cpp): a section header, then what each asks for.
+    bool ButtonHeader(int number, std::string_view name);
+    bool FinishButtons();
+    bool FinishButton(ButtonDraft& draft);
 
     const KnownStringId& m_known;
     std::optional<ParseError> m_error;
@@ -143,6 +164,7 @@ private:
     bool m_havePage = false;
     PageDraft m_page;
     std::vector<FieldDraft> m_drafts;
+    std::vector<ButtonDraft> m_buttons;
     int m_lastLine = 1;
 };
 

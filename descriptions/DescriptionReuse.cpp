@@ -74,7 +74,7 @@ bool Parser::Inherit(std::size_t index, std::size_t baseIndex) {
     resolved.keys.insert(resolved.keys.end(), copy.keys.begin(), copy.keys.end());
     for (const KeyText& key : resolved.keys) {
         resolved.keyLines.emplace(std::string(key.key), key.line);
-        if (!KeyLine(key.line, key.key, key.value, &resolved))
+        if (!KeyLine(key.line, Section::Field, key.key, key.value, &resolved))
             return false;
     }
     // Without bits of its own the copy lies where its base lies, moved by its own offset.
