@@ -112,6 +112,7 @@ struct Field {
     std::optional<Value> defaultValue;
     Control control = Control::None;
     std::vector<Item> items;
+    std::vector<int> itemCodes; // the value each item stands for, in the items' order
     double step = 1;
     Item unit;
     std::string readout;
@@ -132,12 +133,15 @@ struct Field {
     // group title stands for it.
     int copyNumber = 0;
 
+    Item help;             // shown over the row's label and controls
+    bool readOnly = false; // shown, never written: a status bit, a chip revision
+
     int Width() const;
     bool PerColour() const { return colours == Colours::Separate || colours == Colours::Linked; }
     // Controls this field has on the page: one per colour copy for Separate and Linked, else one.
     int ControlCount() const { return PerColour() ? static_cast<int>(positions.size()) : 1; }
     bool Editable() const {
-        return control != Control::None && !IsHostValue(source) && onFill != OnFill::HostCount;
+        return control != Control::None && !IsHostValue(source) && onFill != OnFill::HostCount && !readOnly;
     }
 };
 
@@ -150,8 +154,12 @@ enum class Notice : std::uint8_t {
     Either, // MarkModified when it differs, otherwise UpdateHostState(1, 1)
 };
 
+// The newest description format this module reads; a file states its own with format-version.
+inline constexpr int kFormatVersion = 2;
+
 struct Page {
     std::string className;
+    int formatVersion = 1;
     Title title = Title::Caption;
     std::string titleString;
     int colourCount = kDefaultColours;
@@ -239,10 +247,11 @@ enum class ErrorCode : std::uint8_t {
     NoFields,
     OutOfRange,
     NoParamTable,
+    NewerFormat,
     CopyCycle,
     ControlCannotHold,
 };
-inline constexpr std::size_t kErrorCodeCount = 23;
+inline constexpr std::size_t kErrorCodeCount = 24;
 
 struct ParseError {
     int line = 0;
@@ -272,6 +281,11 @@ Value Decode(const Field& field, std::uint32_t stored);
 std::uint32_t Encode(const Field& field, Value shown);
 // The values a field can show, lowest and highest, before any range of its own.
 std::pair<Value, Value> CodableRange(const Field& field);
+// The combo item standing for a value, or -1: a code the chip holds that no item names, which the
+// page shows as its number and never writes.
+int ItemOf(const Field& field, Value value);
+// Every bit of the field, in every copy, taken from `from` into `into`.
+void CopyFieldBits(const Field& field, std::span<const std::uint8_t> from, std::span<std::uint8_t> into);
 
 // Colour 0 stands for the field when it has one position.
 Value ReadValue(const Field& field, std::span<const std::uint8_t> record, int colour);

@@ -90,5 +90,8 @@ std::wstring ItemText(const Item& item, const LayoutTexts& texts);
 // An item's text with "{n}" standing for a repeated field's number (none: left as written).
 std::wstring NumberedText(const Item& item, int number, const LayoutTexts& texts);
 std::wstring LabelText(const Field& field, const LayoutTexts& texts);
+// A value as a field shows it in text: its item's text (a code no item names as its number), hex
+// digits, or the number and its unit.
+std::wstring ValueText(const Field& field, Value value, const LayoutTexts& texts);
 
 } // namespace chipdesc
