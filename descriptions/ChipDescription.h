@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -22,6 +23,8 @@
 #include <vector>
 
 namespace chipdesc {
+
+struct ReadoutFormula;
 
 // Where a field lives: one of the host's register records, read and written whole, or the value the
 // host reports, which the page only shows.
@@ -105,7 +108,8 @@ struct Field {
     std::vector<Item> items;
     double step = 1;
     Item unit;
-    std::string readout;
+    std::string readout; // a routine's name, or a formula's text
+    std::shared_ptr<const ReadoutFormula> formula; // of a formula (DescriptionFormula.h)
     std::vector<int> ids;
     std::vector<int> readoutIds;
     // The output current this field's value gives against a reference the operator enters per
@@ -196,8 +200,10 @@ enum class ErrorCode : std::uint8_t {
     DuplicateName,
     DuplicateId,
     NoFields,
+    BadFormula,     // detail: the column where a formula stops making sense
+    DivisionByZero, // detail: the column of a division by a constant zero
 };
-inline constexpr std::size_t kErrorCodeCount = 19;
+inline constexpr std::size_t kErrorCodeCount = 21;
 
 struct ParseError {
     int line = 0;

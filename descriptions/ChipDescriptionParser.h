@@ -68,6 +68,7 @@ struct KeyValue {
     FieldDraft* draft; // null in [page]
     const KnownStringId& known;
     std::optional<ParseError>& error;
+    int column; // of the value in its line, from 1
 
     bool Fail(std::string_view detail, ErrorCode code = ErrorCode::BadValue) {
         return Refuse(error, line, code, detail);
@@ -106,6 +107,7 @@ private:
     bool CheckKeysAgree(FieldDraft& draft);
     bool CheckCurrentKeys(FieldDraft& draft);
     bool ConnectFields();
+    bool ConnectFormulas(); // DescriptionFormula.cpp
     bool CheckPageKeys();
     bool CheckOverlaps();
     bool CheckIds();
@@ -119,6 +121,7 @@ private:
     bool m_havePage = false;
     PageDraft m_page;
     std::vector<FieldDraft> m_drafts;
+    std::string_view m_line; // being read
     int m_lastLine = 1;
 };
 

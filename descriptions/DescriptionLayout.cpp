@@ -1,5 +1,6 @@
 #include "descriptions/DescriptionLayout.h"
 
+#include "descriptions/DescriptionFormula.h"
 #include "descriptions/DescriptionReadouts.h"
 #include "framework/TextEncoding.h"
 
@@ -151,10 +152,17 @@ int Planner::ControlWidth(const Field& field) const {
 }
 
 int Planner::ReadoutWidth(const Field& field) const {
-    int widest = 0;
-    for (const int value : {field.minimum, field.maximum, (field.minimum + field.maximum) / 2})
-        if (const auto text = FormatReadout(field.readout, value))
-            widest = std::max(widest, Measure(*text));
+    int widest = Measure(L"-");
+    // Other fields a formula names at their lowest, then at their highest.
+    for (const bool highest : {false, true}) {
+        const FieldValueOf others = [&](int other) {
+            const Field& named = m_description.fields[static_cast<std::size_t>(other)];
+            return std::optional<int>(highest ? named.maximum : named.minimum);
+        };
+        for (const int value : {field.minimum, field.maximum, (field.minimum + field.maximum) / 2})
+            if (const auto text = ReadoutText(field, value, others))
+                widest = std::max(widest, Measure(*text));
+    }
     return widest + X(2);
 }
 
