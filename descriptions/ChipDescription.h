@@ -108,8 +108,9 @@ struct Field {
     std::vector<Item> items;
     double step = 1;
     Item unit;
-    std::string readout; // a routine's name, or a formula's text
-    std::shared_ptr<const ReadoutFormula> formula; // of a formula (DescriptionFormula.h)
+    // A routine's name, or a formula's text and the formula read from it (DescriptionFormula.h).
+    std::string readout;
+    std::shared_ptr<const ReadoutFormula> formula;
     std::vector<int> ids;
     std::vector<int> readoutIds;
     // The output current this field's value gives against a reference the operator enters per

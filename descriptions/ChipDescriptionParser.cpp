@@ -161,8 +161,8 @@ bool Parser::Header(int number, std::string_view name) {
 
 bool Parser::KeyLine(int number, std::string_view key, std::string_view value) {
     FieldDraft* draft = *m_section == Section::Field ? &m_drafts.back() : nullptr;
-    KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error,
-                      static_cast<int>(value.data() - m_line.data()) + 1};
+    const int column = static_cast<int>(value.data() - m_line.data()) + 1;
+    KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error, column};
     if (!SplitWords(value, keyValue.words))
         return Fail(number, ErrorCode::BadValue, value);
     const Key* found = FindKey(*m_section, key);

@@ -97,10 +97,15 @@ private:
     }
     void Emit(Op op) { m_expression.m_steps.push_back(Step{op}); }
 
-    bool Nested() {
+    // One more level of nesting, opened at `at`.
+    bool Nested(std::size_t at) {
         if (++m_depth > kMaxExpressionDepth)
-            return Fail();
+            return Fail(at);
         return true;
+    }
+    std::size_t Here() {
+        Skip();
+        return m_at;
     }
 
     bool Or(bool& constant) {
@@ -128,9 +133,10 @@ private:
         return true;
     }
     bool Not(bool& constant) {
+        const std::size_t at = Here();
         if (!TakeWord("not"))
             return Comparison(constant);
-        if (!Nested() || !Not(constant))
+        if (!Nested(at) || !Not(constant))
             return false;
         --m_depth;
         Emit(Op::Not);
@@ -157,7 +163,7 @@ private:
             return false;
         Emit(*op);
         constant = constant && right;
-        const std::size_t at = (Skip(), m_at);
+        const std::size_t at = Here();
         if (TakeComparison())
             return Fail(at);
         return true;
@@ -184,8 +190,7 @@ private:
         if (!Unary(constant))
             return false;
         for (;;) {
-            Skip();
-            const std::size_t at = m_at;
+            const std::size_t at = Here();
             Op op;
             if (TakeSymbol("*"))
                 op = Op::Multiply;
@@ -213,18 +218,19 @@ private:
         return (single && *single == 0.0f) || (exact && *exact == 0.0);
     }
     bool Unary(bool& constant) {
+        const std::size_t at = Here();
         if (!TakeSymbol("-"))
             return Primary(constant);
-        if (!Nested() || !Unary(constant))
+        if (!Nested(at) || !Unary(constant))
             return false;
         --m_depth;
         Emit(Op::Negate);
         return true;
     }
     bool Primary(bool& constant) {
-        Skip();
+        const std::size_t at = Here();
         if (TakeSymbol("(")) {
-            if (!Nested() || !Or(constant))
+            if (!Nested(at) || !Or(constant))
                 return false;
             --m_depth;
             return TakeSymbol(")") || Fail();

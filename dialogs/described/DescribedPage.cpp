@@ -358,7 +358,8 @@ void CDescribedPage::UpdateReadout(const ControlSlot& slot) const {
         return;
     // A field a formula names gives its value of the read-out's colour, or its only one.
     const auto valueOf = [&](int field) -> std::optional<int> {
-        const int colour = m_description->fields[static_cast<std::size_t>(field)].ControlCount() > 1 ? slot.colour : 0;
+        const int colour =
+            m_description->fields[static_cast<std::size_t>(field)].ControlCount() > 1 ? slot.colour : 0;
         for (const ControlSlot& named : m_slots)
             if (named.field == field && named.colour == colour)
                 return named.value;
