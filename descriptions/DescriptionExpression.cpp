@@ -108,54 +108,70 @@ private:
         return m_at;
     }
 
-    bool Or(bool& constant) {
-        if (!And(constant))
-            return false;
-        while (TakeWord("or")) {
-            bool right = false;
-            if (!And(right))
-                return false;
-            Emit(Op::Or);
-            constant = constant && right;
-        }
-        return true;
-    }
-    bool And(bool& constant) {
-        if (!Not(constant))
-            return false;
-        while (TakeWord("and")) {
-            bool right = false;
-            if (!Not(right))
-                return false;
-            Emit(Op::And);
-            constant = constant && right;
-        }
-        return true;
-    }
-    bool Not(bool& constant) {
-        const std::size_t at = Here();
-        if (!TakeWord("not"))
-            return Comparison(constant);
-        if (!Nested(at) || !Not(constant))
-            return false;
-        --m_depth;
-        Emit(Op::Not);
-        return true;
-    }
-    std::optional<Op> TakeComparison() {
-        // Two-character symbols first.
-        static constexpr std::pair<std::string_view, Op> kSymbols[] = {
-            {"<=", Op::LessEqual}, {">=", Op::GreaterEqual}, {"==", Op::Equal},
-            {"!=", Op::NotEqual},  {"<", Op::Less},          {">", Op::Greater}};
-        for (const auto& [symbol, op] : kSymbols)
-            if (TakeSymbol(symbol))
+    using Operators = std::span<const std::pair<std::string_view, Op>>;
+    // One of the operators, a word ("and") only when it stands alone.
+    std::optional<Op> TakeOperator(Operators operators) {
+        for (const auto& [symbol, op] : operators)
+            if (IsNameStart(symbol.front()) ? TakeWord(symbol) : TakeSymbol(symbol))
                 return op;
         return std::nullopt;
     }
+    using Level = bool (ExpressionParser::*)(bool& constant);
+    // Operands of the next tighter level joined left to right by the operators.
+    bool LeftToRight(bool& constant, Level next, Operators operators) {
+        if (!(this->*next)(constant))
+            return false;
+        for (;;) {
+            const std::size_t at = Here();
+            const std::optional<Op> op = TakeOperator(operators);
+            if (!op)
+                return true;
+            const std::size_t rightStart = m_expression.m_steps.size();
+            bool right = false;
+            if (!(this->*next)(right))
+                return false;
+            if ((*op == Op::Divide || *op == Op::Remainder) && right && DividesByZero(rightStart))
+                return Fail(at, Kind::DivisionByZero);
+            Emit(*op);
+            constant = constant && right;
+        }
+    }
+
+    // The operator applied to its own level again, or else the next tighter level.
+    bool Prefixed(bool& constant, Operators prefix, Level self, Level next) {
+        const std::size_t at = Here();
+        const std::optional<Op> op = TakeOperator(prefix);
+        if (!op)
+            return (this->*next)(constant);
+        if (!Nested(at) || !(this->*self)(constant))
+            return false;
+        --m_depth;
+        Emit(*op);
+        return true;
+    }
+
+    static constexpr std::pair<std::string_view, Op> kOr[] = {{"or", Op::Or}};
+    static constexpr std::pair<std::string_view, Op> kNot[] = {{"not", Op::Not}};
+    static constexpr std::pair<std::string_view, Op> kNegate[] = {{"-", Op::Negate}};
+    static constexpr std::pair<std::string_view, Op> kAnd[] = {{"and", Op::And}};
+    // Two-character symbols first.
+    static constexpr std::pair<std::string_view, Op> kComparisons[] = {
+        {"<=", Op::LessEqual}, {">=", Op::GreaterEqual}, {"==", Op::Equal},
+        {"!=", Op::NotEqual},  {"<", Op::Less},          {">", Op::Greater}};
+    static constexpr std::pair<std::string_view, Op> kSums[] = {{"+", Op::Add}, {"-", Op::Subtract}};
+    static constexpr std::pair<std::string_view, Op> kProducts[] = {
+        {"*", Op::Multiply}, {"/", Op::Divide}, {"%", Op::Remainder}};
+
+    bool Or(bool& constant) { return LeftToRight(constant, &ExpressionParser::And, kOr); }
+    bool And(bool& constant) { return LeftToRight(constant, &ExpressionParser::Not, kAnd); }
+    bool Not(bool& constant) {
+        return Prefixed(constant, kNot, &ExpressionParser::Not, &ExpressionParser::Comparison);
+    }
+    // One comparison at most: "a < b < c" reads as nothing a chip engineer means.
     bool Comparison(bool& constant) {
         if (!Sum(constant))
             return false;
-        const std::optional<Op> op = TakeComparison();
+        const std::optional<Op> op = TakeOperator(kComparisons);
         if (!op)
             return true;
         bool right = false;
@@ -164,52 +180,12 @@ private:
         Emit(*op);
         constant = constant && right;
         const std::size_t at = Here();
-        if (TakeComparison())
+        if (TakeOperator(kComparisons))
             return Fail(at);
         return true;
     }
-    bool Sum(bool& constant) {
-        if (!Product(constant))
-            return false;
-        for (;;) {
-            Op op;
-            if (TakeSymbol("+"))
-                op = Op::Add;
-            else if (TakeSymbol("-"))
-                op = Op::Subtract;
-            else
-                return true;
-            bool right = false;
-            if (!Product(right))
-                return false;
-            Emit(op);
-            constant = constant && right;
-        }
-    }
-    bool Product(bool& constant) {
-        if (!Unary(constant))
-            return false;
-        for (;;) {
-            const std::size_t at = Here();
-            Op op;
-            if (TakeSymbol("*"))
-                op = Op::Multiply;
-            else if (TakeSymbol("/"))
-                op = Op::Divide;
-            else if (TakeSymbol("%"))
-                op = Op::Remainder;
-            else
-                return true;
-            const std::size_t rightStart = m_expression.m_steps.size();
-            bool right = false;
-            if (!Unary(right))
-                return false;
-            if (op != Op::Multiply && right && DividesByZero(rightStart))
-                return Fail(at, Kind::DivisionByZero);
-            Emit(op);
-            constant = constant && right;
-        }
-    }
+    bool Sum(bool& constant) { return LeftToRight(constant, &ExpressionParser::Product, kSums); }
+    bool Product(bool& constant) { return LeftToRight(constant, &ExpressionParser::Unary, kProducts); }
     // A constant divisor that is zero in either precision.
     bool DividesByZero(std::size_t start) const {
         const std::span<const Step> divisor = std::span(m_expression.m_steps).subspan(start);
@@ -218,14 +194,7 @@ private:
         return (single && *single == 0.0f) || (exact && *exact == 0.0);
     }
     bool Unary(bool& constant) {
-        const std::size_t at = Here();
-        if (!TakeSymbol("-"))
-            return Primary(constant);
-        if (!Nested(at) || !Unary(constant))
-            return false;
-        --m_depth;
-        Emit(Op::Negate);
-        return true;
+        return Prefixed(constant, kNegate, &ExpressionParser::Unary, &ExpressionParser::Primary);
     }
     bool Primary(bool& constant) {
         const std::size_t at = Here();

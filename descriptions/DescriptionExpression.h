@@ -47,12 +47,14 @@ public:
     const std::vector<Name>& Names() const { return m_names; }
 
     // Single precision, as the module's read-outs compute. Nothing when the expression has no value:
-    // a division or remainder by zero, or a result beyond float's range.
+    // a division or remainder by zero, a result beyond float's range, or a name without a value
+    // (fewer values than names).
     std::optional<float> EvaluateFloat(std::span<const std::int64_t> values) const;
     // Double precision, for conditions: exact for 32-bit values and every sum, difference, product and
     // remainder of them below 2^53. Nothing as above.
     std::optional<double> Evaluate(std::span<const std::int64_t> values) const;
 
+    // The postfix steps the parser writes and the evaluators run.
     enum class Op : std::uint8_t {
         Number,
         Name,
@@ -70,7 +72,7 @@ public:
         Equal,
         NotEqual,
         And,
-        Or,
+        Or
     };
     struct Step {
         Op op = Op::Number;

@@ -74,14 +74,14 @@ std::wstring FormatReadoutNumber(const ReadoutFormat& format, std::optional<floa
     return Utf8ToWide(format.before) + (whole < 0 ? L"-" : L"") + digits + Utf8ToWide(format.after);
 }
 
-std::optional<std::wstring> ReadoutText(const Field& field, int value, const FieldValueOf& valueOf) {
+std::optional<std::wstring> ReadoutText(const Field& field, std::int64_t value, const FieldValueOf& valueOf) {
     if (!field.formula)
-        return FormatReadout(field.readout, value);
+        return FormatReadout(field.readout, static_cast<int>(value));
     const ReadoutFormula& formula = *field.formula;
     std::vector<std::int64_t> values;
     values.reserve(formula.fields.size());
     for (const int other : formula.fields) {
-        const std::optional<int> otherValue = other < 0 ? std::optional<int>(value) : valueOf(other);
+        const std::optional<std::int64_t> otherValue = other < 0 ? value : valueOf(other);
         if (!otherValue)
             return FormatReadoutNumber(formula.format, std::nullopt);
         values.push_back(*otherValue);

@@ -6,6 +6,7 @@
 #include "descriptions/ChipDescription.h"
 #include "descriptions/DescriptionExpression.h"
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -34,10 +35,10 @@ struct ReadoutFormula {
 };
 
 // The value of another field of the page, as the read-out's control sees it; nothing: it has none.
-using FieldValueOf = std::function<std::optional<int>(int field)>;
+using FieldValueOf = std::function<std::optional<std::int64_t>(int field)>;
 
 // A field's read-out text, by its formula or its named routine; nothing when it has neither.
-std::optional<std::wstring> ReadoutText(const Field& field, int value, const FieldValueOf& valueOf);
+std::optional<std::wstring> ReadoutText(const Field& field, std::int64_t value, const FieldValueOf& valueOf);
 
 namespace detail {
 struct KeyValue;

@@ -161,11 +161,11 @@ int Planner::ReadoutWidth(const Field& field) const {
 }
 
 // A formula need not grow with the value (a rate that divides by it): the longest texts it gives over
-// the range (every value of a range up to 4096 wide), other fields at their lowest and highest.
+// the range (every value of a range up to 256 wide), other fields at their lowest and highest.
 int Planner::FormulaWidth(const Field& field) const {
     if (!field.formula)
         return 0;
-    constexpr std::int64_t kSamples = 4096;
+    constexpr std::int64_t kSamples = 256;
     const std::int64_t span = static_cast<std::int64_t>(field.maximum) - field.minimum;
     const std::int64_t step = std::max<std::int64_t>(1, span / kSamples);
     std::set<std::wstring> longest{L"-"};
@@ -173,10 +173,10 @@ int Planner::FormulaWidth(const Field& field) const {
     for (const bool highest : {false, true}) {
         const FieldValueOf others = [&](int other) {
             const Field& named = m_description.fields[static_cast<std::size_t>(other)];
-            return std::optional<int>(highest ? named.maximum : named.minimum);
+            return std::optional<std::int64_t>(highest ? named.maximum : named.minimum);
         };
         for (std::int64_t value = field.minimum; value <= field.maximum; value += step) {
-            std::wstring text = *ReadoutText(field, static_cast<int>(value), others);
+            std::wstring text = *ReadoutText(field, value, others);
             if (text.size() > longest.begin()->size())
                 longest.clear();
             if (longest.empty() || (text.size() == longest.begin()->size() && longest.size() < 4))

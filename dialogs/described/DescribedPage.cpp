@@ -357,7 +357,7 @@ void CDescribedPage::UpdateReadout(const ControlSlot& slot) const {
     if (!slot.readout)
         return;
     // A field a formula names gives its value of the read-out's colour, or its only one.
-    const auto valueOf = [&](int field) -> std::optional<int> {
+    const auto valueOf = [&](int field) -> std::optional<std::int64_t> {
         const int colour =
             m_description->fields[static_cast<std::size_t>(field)].ControlCount() > 1 ? slot.colour : 0;
         for (const ControlSlot& named : m_slots)

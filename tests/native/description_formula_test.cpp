@@ -28,7 +28,8 @@ std::wstring Shown(const std::string& readout, int value, int level = 0) {
         ADD_FAILURE() << readout << ": " << ReasonStringId(error->code) << " " << error->detail;
         return {};
     }
-    return *ReadoutText(std::get<Description>(result).fields[1], value, [&](int) { return level; });
+    return *ReadoutText(std::get<Description>(result).fields[1], value,
+                        [&](int) { return std::optional<std::int64_t>(level); });
 }
 
 std::optional<double> Exact(const std::string& text, std::vector<std::int64_t> values = {}) {
