@@ -1,6 +1,8 @@
 // The MBI5153's register bytes as the page writes them: the record word its two flags call for, and
-// Default. Which controls write them, and in which calls, is held by the Windows page tests.
+// Default; and its gain and current read-outs either side of the gain's two ranges. Which controls
+// write them, and in which calls, is held by the Windows page tests.
 #include "dialogs/chips/Mbi5153Registers.h"
+#include "readouts/Mbi5153Readouts.h"
 
 #include <gtest/gtest.h>
 
@@ -37,6 +39,19 @@ TEST(Mbi5153Registers, TheFlagsWordGoesLowByteFirstAndDefaultLeavesTheHostsBytes
                                                    0x62, 0x00, 0x62, 0x00, 0x00, 0x21}));
     EXPECT_EQ(recordA, (std::array<std::uint8_t, 16>{0x00, 0x21, 0x00, 0x21, 0x77, 0x77, 0x77, 0x77, 0x77,
                                                      0x77, 0x77, 0x77, 0x77, 0x77, 0x77, 0x77}));
+}
+
+// Codes below 32 scale (3g + 32) / 256, from 32 up (3(g - 32) + 33) / 65; I = factor x 14.03 V / R.
+TEST(Mbi5153Readouts, BothGainRangesAndTheCurrentTheyGive) {
+    EXPECT_EQ(FormatGainPercent(31), L"49%");  // 125 / 256
+    EXPECT_EQ(FormatGainPercent(32), L"51%");  // 33 / 65
+    EXPECT_EQ(FormatGainPercent(63), L"194%"); // 126 / 65
+    const readouts::CurrentReadout lowest = readouts::ComputeCurrentReadout(0, 1000);
+    EXPECT_EQ(lowest.factor, L"0.1"); // 0.125
+    EXPECT_EQ(lowest.current, L"1.75 mA");
+    const readouts::CurrentReadout highest = readouts::ComputeCurrentReadout(63, 500);
+    EXPECT_EQ(highest.factor, L"1.9");
+    EXPECT_EQ(highest.current, L"54.39 mA");
 }
 
 } // namespace
