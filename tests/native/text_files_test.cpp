@@ -142,15 +142,18 @@ TEST(DescriptionText, AByteOrderMarkIsSkippedAndHexadecimalTakesEitherPrefix) {
     const std::string page =
         "[page]\nclass = CRegvaneTextTest\n[field gain]\nlabel = \"Gain\"\nbits = 2[5:0]\n"
         "control = slider\ndefault = ";
-    for (const std::string& text : {page + "0X2B", "\xEF\xBB\xBF" + page + "0x2b", page + "43"}) {
+    for (const std::string& text :
+         {page + "0X2B", "\xEF\xBB\xBF" + page + "0x2b", page + "43\nrange = 0..50"}) {
         const chipdesc::ParseResult result = chipdesc::Parse(text, [](std::string_view) { return true; });
         const auto* description = std::get_if<chipdesc::Description>(&result);
         ASSERT_NE(description, nullptr) << std::get<chipdesc::ParseError>(result).line;
         EXPECT_EQ(description->fields.at(0).defaultValue, 43);
     }
-    // A number with more after it, and a byte that begins no UTF-8 character, are refused.
+    // A number with more after it, a control character and a byte that begins no UTF-8 character
+    // are refused.
     for (const auto& [text, code] :
          {std::pair{page + "43x", chipdesc::ErrorCode::BadValue},
+          std::pair{page + "4\x7F", chipdesc::ErrorCode::NotText},
           std::pair{page + "43\nunit = \"\xC0\xAF\"", chipdesc::ErrorCode::NotText}}) {
         const chipdesc::ParseResult result = chipdesc::Parse(text, [](std::string_view) { return true; });
         ASSERT_TRUE(std::holds_alternative<chipdesc::ParseError>(result)) << text;
