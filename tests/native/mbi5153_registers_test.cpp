@@ -41,6 +41,17 @@ TEST(Mbi5153Registers, TheFlagsWordGoesLowByteFirstAndDefaultLeavesTheHostsBytes
                                                      0x77, 0x77, 0x77, 0x77, 0x77, 0x77, 0x77}));
 }
 
+// Red gain 32, green 63 (with bit 6), blue 43; bit 7 set; bit 2 set and delay step 3 in the second
+// register; red's copy (byte 3) is the one the flags show.
+TEST(Mbi5153Registers, DecodeReadsEachColoursGainAndTheRedCopysFlags) {
+    const std::array<std::uint8_t, 16> block{0x11, 0x22, 0x80, 0x20, 0x80, 0x7F, 0x80, 0x2B,
+                                             0x04, 0x06, 0x04, 0x06, 0x04, 0x06, 0x33, 0x44};
+    const mbi5153::Settings s = mbi5153::Decode(block);
+    EXPECT_EQ(
+        (std::array{s.gainRed, s.gainGreen, s.gainBlue, s.flagBit7, s.flagBit6, s.flagBit2, s.delayStep}),
+        (std::array{32, 63, 43, 1, 0, 1, 3}));
+}
+
 // Codes below 32 scale (3g + 32) / 256, from 32 up (3(g - 32) + 33) / 65; I = factor x 14.03 V / R.
 TEST(Mbi5153Readouts, BothGainRangesAndTheCurrentTheyGive) {
     EXPECT_EQ(FormatGainPercent(31), L"49%");  // 125 / 256

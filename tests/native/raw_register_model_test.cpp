@@ -32,6 +32,16 @@ TEST(RawRegisterModel, GroupsHoldTheirRegistersBytes) {
     EXPECT_EQ(bytesOf(kRawFirstRegisterLowBytes), (Bytes{{block, 2}, {block, 4}, {block, 6}}));
 }
 
+// One or two hexadecimal digits and nothing else; shown as two lower-case digits.
+TEST(RawRegisterModel, ATypedByteIsOneOrTwoHexadecimalDigits) {
+    EXPECT_EQ(ParseRawByte(L"0f"), 0x0F);
+    EXPECT_EQ(ParseRawByte(L"Bc"), 0xBC);
+    EXPECT_EQ(ParseRawByte(L"A"), 0x0A);
+    for (const wchar_t* refused : {L"1g", L"0ff", L"", L"-1", L" 1"})
+        EXPECT_EQ(ParseRawByte(refused), std::nullopt) << refused;
+    EXPECT_EQ(FormatRawByte(0x0A), L"0a");
+}
+
 // Kinds 4, 6, 7, 8, 10 and unknown ones keep the default layout; the others each change it.
 TEST(RawRegisterModel, EachRegisterKindChangesItsOwnPartOfTheLayout) {
     const struct {

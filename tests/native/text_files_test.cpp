@@ -53,6 +53,7 @@ TEST(TextEncoding, Utf8RoundTripsEveryPlaneReplacesBrokenBytesAndTheBomDecides) 
     EXPECT_EQ(WideToUtf8(L"\uD7FF\uE000"), "\xED\x9F\xBF\xEE\x80\x80");
     EXPECT_EQ(DecodeText(Utf16Le(u"\uD7FF\uE000\xDBFF\xDFFF\xDBFF\uE000")),
               L"\uD7FF\uE000\U0010FFFF\uFFFD\uE000");
+    EXPECT_EQ(DecodeText(Utf16Le(u"\xD800\xDC00")), L"\U00010000") << "the first pair";
     EXPECT_EQ(DecodeText(Utf16Le(u"\u4e2d\U0001F600\U0010FFFF")), L"\u4e2d\U0001F600\U0010FFFF");
     EXPECT_EQ(DecodeText("\xFF\xFE"), L"");
     EXPECT_EQ(DecodeText(Utf16Le(u"\xDC00"

@@ -1,5 +1,7 @@
 // The raw register editor driven as an operator does: bytes typed into edits and confirmed by leaving
-// them, buttons clicked, and the host's register kind choosing what is shown.
+// them, buttons clicked, and the host's register kind choosing what is shown. That opening writes
+// nothing is held by the factory test, and that a host's caption wins over the title by the MBI5153
+// page's.
 #include "OperatorActions.h"
 
 #include <gtest/gtest.h>
@@ -26,9 +28,6 @@ protected:
     SimulatedChip chip{kRawEditorType, 0};
     HWND page = nullptr;
 };
-
-// That opening writes nothing is held by the factory test; the title by the Chinese one below, and that
-// a host's caption wins over it by the MBI5153 page's.
 
 // The typed byte's own record is read, patched and written; the change test reads block and record A.
 TEST_F(RawEditor, ATypedByteGoesToItsRecordAndTheChangeIsReported) {
