@@ -204,6 +204,8 @@ template <class Owner, class T> T& Into(KeyValue& v, T Owner::*member) {
         return v.page.*member;
     else if constexpr (std::is_same_v<Owner, Field>)
         return v.draft->field.*member;
+    else if constexpr (std::is_same_v<Owner, Button>)
+        return v.button->button.*member;
     else
         return v.draft->*member;
 }
@@ -426,6 +428,7 @@ constexpr std::pair<std::string_view, OnFill> kOnFill[] = {{"rewrite", OnFill::R
 
 constexpr Section P = Section::Page;
 constexpr Section F = Section::Field;
+constexpr Section B = Section::Button;
 
 // A new key is a row here and one in docs/chip-descriptions.md (a test compares the two), and a check
 // in ChipDescriptionChecks.cpp when it depends on other keys.
@@ -478,6 +481,11 @@ constexpr Key kKeys[] = {
     {"group", F, Text<&Field::group>, "the title of the box around consecutive fields of a group"},
     {"on-fill", F, Word<&Field::onFill, kOnFill>, "what each fill from the chip writes into the field"},
     {"show-if", F, Name<&FieldDraft::showIfName>, "the field whose non-zero value shows this one"},
+
+    {"label", B, Text<&Button::label>, "the button's text"},
+    {"action", B, ReadAction, "what the button does"},
+    {"argument", B, ReadArgument, "what a chip function is handed: a field's value or a record"},
+    {"id", B, Id<&Button::id>, "the button's control id"},
 };
 
 } // namespace

@@ -36,6 +36,7 @@ enum class Role : std::uint8_t {
     Reference,
     Fraction,
     Current,
+    PageButton, // one of the description's buttons
     DefaultButton,
     OkButton,
     CancelButton,
@@ -48,7 +49,8 @@ struct PlannedWindow {
                      // Fraction, Current
     int id = 0;      // 0: the window needs no id
     std::wstring text;
-    Rect rect; // pixels in the page; a combo box's includes its drop-down list
+    Rect rect;       // pixels in the page; a combo box's includes its drop-down list
+    int button = -1; // PageButton: the button's index
 };
 
 struct LayoutPlan {

@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 namespace {
 
 const char kTestPage[] = R"([page]
@@ -87,30 +85,17 @@ constexpr int kGain[] = {101, 102, 103};
 constexpr int kGainText[] = {104, 105, 106};
 constexpr int kDelay[] = {108, 109, 110};
 
-std::wstring WriteDescription(const char* text) {
-    wchar_t folder[MAX_PATH];
-    GetTempPathW(MAX_PATH, folder);
-    const std::wstring path = std::wstring(folder) + L"CRegvaneDescribedTest.desc";
-    std::ofstream(path.c_str(), std::ios::binary) << text;
-    return path;
-}
-
 class DescribedPage : public PageTest {
 protected:
     void SetUp() override {
         PageTest::SetUp();
-        path = WriteDescription(kTestPage);
+        path = WriteDescription(L"CRegvaneDescribedTest.desc", kTestPage);
     }
     void TearDown() override {
         PageTest::TearDown();
         DeleteFileW(path.c_str());
     }
-    void Open() {
-        wchar_t problem[512] = {};
-        page =
-            Show(lib.RegvaneCreateDescribedPage(path.c_str(), &chip, L"", host.View(), problem, 512), &chip);
-        ASSERT_NE(page, nullptr) << std::string(problem, problem + wcslen(problem));
-    }
+    void Open() { page = OpenDescribed(path, &chip); }
 
     RegvaneLibrary& lib = RegvaneLibrary::Get();
     SimulatedChip chip{7, 0};
@@ -230,7 +215,7 @@ TEST_F(DescribedPage, AFileThatCannotBeUsedGivesNoPageAndSaysWhere) {
     std::string broken = kTestPage;
     broken.replace(broken.find("bits = 14[1]"), 12, "bits = 15[7]"); // line 66: the refresh mode's bit
     DeleteFileW(path.c_str());
-    path = WriteDescription(broken.c_str());
+    path = WriteDescription(L"CRegvaneDescribedTest.desc", broken);
     // What RegvaneCheckDescription says is held by the workbench designer's tests, which call it.
     wchar_t problem[512] = {};
     EXPECT_EQ(lib.RegvaneCreateDescribedPage(path.c_str(), &chip, L"", host.View(), problem, 512), nullptr);
