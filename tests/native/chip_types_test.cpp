@@ -23,8 +23,7 @@ TEST(ChipTypeTable, EveryPageOwnsItsTemplateUnlessItSharesOneOwnedAbove) {
 // module ships a description of, the table classes those with a parameter table.
 TEST(ChipTypeTable, TheKindOfEveryPageIsWhatTheModuleMakesOfIt) {
     std::set<std::string> shipped, tables, described, tableKind;
-    for (const auto& file :
-         std::filesystem::directory_iterator(std::string(REGVANE_SOURCE_DIR) + "/descriptions/chips"))
+    for (const auto& file : std::filesystem::directory_iterator(std::string(REGVANE_SOURCE_DIR) + "/descriptions/chips"))
         if (file.path().extension() == ".desc")
             shipped.insert(file.path().stem().string());
 #define REGVANE_TABLE_CLASS(name, templateId, table, chip) tables.insert(#name);
