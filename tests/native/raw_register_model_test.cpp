@@ -39,7 +39,7 @@ TEST(RawRegisterModel, ATypedByteIsOneOrTwoHexadecimalDigits) {
     EXPECT_EQ(ParseRawByte(L"A"), 0x0A);
     for (const wchar_t* refused : {L"1g", L"0ff", L"", L"-1", L" 1"})
         EXPECT_EQ(ParseRawByte(refused), std::nullopt) << refused;
-    EXPECT_EQ(FormatRawByte(0x0A), L"0a");
+    EXPECT_EQ(FormatRawByte(0x0A) + FormatRawByte(0xBC), L"0abc");
 }
 
 // Kinds 4, 6, 7, 8, 10 and unknown ones keep the default layout; the others each change it.
