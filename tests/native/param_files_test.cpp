@@ -254,6 +254,12 @@ TEST(ChipParamTable, HostListedChipsExportAtMost128RowsAndImportKeepsTheRest) {
     big.RestoreSnapshot();
     EXPECT_EQ(icnd3069.icnd3069Rows,
               (std::vector<std::array<std::uint8_t, 4>>(kParamRowListCapacity, {9, 9, 9, 9})));
+    // A shorter list goes back with its own length.
+    icnd3069.icnd3069Rows.assign(3, {7, 7, 7, 7});
+    ChipParamTable shortList(&icnd3069);
+    ASSERT_EQ(shortList.Import(dir.File("3069.csv")).result, kParamFileOk);
+    shortList.RestoreSnapshot();
+    EXPECT_EQ(icnd3069.icnd3069Rows, (std::vector<std::array<std::uint8_t, 4>>(3, {7, 7, 7, 7})));
 }
 
 TEST(ParamFileVariants, Cns7363WritesSixFieldsWithoutAddressAndReadsThemBack) {
