@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -22,6 +23,8 @@
 #include <vector>
 
 namespace chipdesc {
+
+struct ReadoutFormula;
 
 // Where a field lives: one of the host's register records, read and written whole, or the value the
 // host reports, which the page only shows.
@@ -115,7 +118,9 @@ struct Field {
     std::vector<int> itemCodes; // the value each item stands for, in the items' order
     double step = 1;
     Item unit;
+    // A routine's name, or a formula's text and the formula read from it (DescriptionFormula.h).
     std::string readout;
+    std::shared_ptr<const ReadoutFormula> formula;
     std::vector<int> ids;
     std::vector<int> readoutIds;
     // The output current this field's value gives against a reference the operator enters per
@@ -248,10 +253,12 @@ enum class ErrorCode : std::uint8_t {
     OutOfRange,
     NoParamTable,
     NewerFormat,
+    BadFormula,     // detail: the column where a formula stops making sense
+    DivisionByZero, // detail: the column of a division by a constant zero
     CopyCycle,
     ControlCannotHold,
 };
-inline constexpr std::size_t kErrorCodeCount = 24;
+inline constexpr std::size_t kErrorCodeCount = 26;
 
 struct ParseError {
     int line = 0;

@@ -80,7 +80,7 @@ ParseResult Parser::Run(std::string_view text) {
     for (FieldDraft& draft : m_drafts)
         if (!FinishField(draft))
             return *m_error;
-    if (!ConnectFields() || !CheckPageKeys() || !CheckOverlaps() || !CheckIds())
+    if (!ConnectFields() || !ConnectFormulas() || !CheckPageKeys() || !CheckOverlaps() || !CheckIds())
         return *m_error;
     for (FieldDraft& draft : m_drafts)
         m_description.fields.push_back(std::move(draft.field));
@@ -124,6 +124,7 @@ bool Parser::ReadText(std::string_view text) {
 }
 
 bool Parser::Line(int number, std::string_view line) {
+    m_line = line;
     line = Trim(line);
     if (line.empty() || line.front() == '#' || line.front() == ';')
         return true;
@@ -153,9 +154,10 @@ bool Parser::Line(int number, std::string_view line) {
         return Fail(number, ErrorCode::DuplicateKey, key);
     keyLines.emplace(std::string(key), number);
     FieldDraft* draft = *m_section == Section::Field ? &m_drafts.back() : nullptr;
+    const int column = static_cast<int>(value.data() - m_line.data()) + 1;
     if (draft)
-        draft->keys.push_back({key, value, number});
-    return KeyLine(number, *m_section, key, value, draft);
+        draft->keys.push_back({key, value, number, column});
+    return KeyLine(number, column, *m_section, key, value, draft);
 }
 
 bool Parser::Header(int number, std::string_view name) {
@@ -186,9 +188,9 @@ bool Parser::Header(int number, std::string_view name) {
     return Fail(number, ErrorCode::UnknownSection, name);
 }
 
-bool Parser::KeyLine(int number, Section section, std::string_view key, std::string_view value,
+bool Parser::KeyLine(int number, int column, Section section, std::string_view key, std::string_view value,
                      FieldDraft* draft) {
-    KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error};
+    KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error, column};
     if (section == Section::Button)
         keyValue.button = &m_buttons.back();
     if (!SplitWords(value, keyValue.words))

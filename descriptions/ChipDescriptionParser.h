@@ -44,6 +44,7 @@ struct KeyText {
     std::string_view key;
     std::string_view value;
     int line = 0;
+    int column = 0; // of the value in its line, from 1
 };
 
 // What a field's keys said, with the line of each key, until the whole file is read.
@@ -97,6 +98,7 @@ struct KeyValue {
     FieldDraft* draft; // null in [page]
     const KnownStringId& known;
     std::optional<ParseError>& error;
+    int column; // of the value in its line, from 1
     ButtonDraft* button = nullptr; // in [button NAME]
 
     bool Fail(std::string_view detail, ErrorCode code = ErrorCode::BadValue) {
@@ -128,7 +130,8 @@ private:
     bool ReadText(std::string_view text);
     bool Line(int number, std::string_view line);
     bool Header(int number, std::string_view name);
-    bool KeyLine(int number, Section section, std::string_view key, std::string_view value, FieldDraft* draft);
+    bool KeyLine(int number, int column, Section section, std::string_view key, std::string_view value,
+                 FieldDraft* draft);
 
     // Fields declared once and used again (DescriptionReuse.cpp).
     bool ResolveCopies();
@@ -150,6 +153,7 @@ private:
     bool CheckCurrentKeys(FieldDraft& draft);
     bool CheckReadOnly(FieldDraft& draft);
     bool ConnectFields();
+    bool ConnectFormulas(); // DescriptionFormula.cpp
     bool CheckPageKeys();
     bool CheckOverlaps();
     bool CheckIds();
@@ -168,6 +172,7 @@ private:
     PageDraft m_page;
     std::vector<FieldDraft> m_drafts;
     std::vector<ButtonDraft> m_buttons;
+    std::string_view m_line; // being read
     int m_lastLine = 1;
 };
 

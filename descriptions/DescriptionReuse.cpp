@@ -70,11 +70,11 @@ bool Parser::Inherit(std::size_t index, std::size_t baseIndex) {
     // What goes wrong in what the copy takes over is the copy's problem: it is reported at its "like".
     for (const KeyText& key : m_drafts[baseIndex].keys)
         if (!copy.Has(key.key) && !BelongsToOneField(key.key))
-            resolved.keys.push_back({key.key, key.value, likeLine});
+            resolved.keys.push_back({key.key, key.value, likeLine, key.column});
     resolved.keys.insert(resolved.keys.end(), copy.keys.begin(), copy.keys.end());
     for (const KeyText& key : resolved.keys) {
         resolved.keyLines.emplace(std::string(key.key), key.line);
-        if (!KeyLine(key.line, Section::Field, key.key, key.value, &resolved))
+        if (!KeyLine(key.line, key.column, Section::Field, key.key, key.value, &resolved))
             return false;
     }
     // Without bits of its own the copy lies where its base lies, moved by its own offset.
