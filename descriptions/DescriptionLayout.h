@@ -51,10 +51,17 @@ struct PlannedWindow {
     Rect rect; // pixels in the page; a combo box's includes its drop-down list
 };
 
+// Rows a page may move to another column only together: a group box with its rows, or a row outside
+// any group with the rows of its output-current read-out. Pixels from the top of the one-column plan.
+struct Band {
+    int top = 0, bottom = 0;
+};
+
 struct LayoutPlan {
     std::vector<PlannedWindow> windows;
     int width = 0;
     int height = 0;
+    std::vector<Band> bands; // top to bottom, each starting where the one before ends
 };
 
 struct LayoutTexts {

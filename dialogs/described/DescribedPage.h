@@ -8,6 +8,7 @@
 #include "descriptions/ChipDescription.h"
 #include "descriptions/DescriptionLayout.h"
 #include "dialogs/common/ChipDialog.h"
+#include "dialogs/described/PageScroller.h"
 
 #include <array>
 #include <functional>
@@ -38,6 +39,9 @@ protected:
     void RefreshFromChip() override;
     bool OnCommand(UINT code, UINT id, HWND control) override;
     bool OnHScroll(UINT code, UINT position, HWND scrollBar) override;
+    bool OnVScroll(UINT code, UINT position, HWND scrollBar) override;
+    bool OnOtherMessage(UINT message, WPARAM wParam, LPARAM lParam, INT_PTR& result) override;
+    void OnDestroy() override;
     void OnNumberEditChanged(UINT id, HWND edit) override;
     void ApplyHostRanges() override;
 
@@ -67,6 +71,9 @@ private:
 
     const chipdesc::LayoutPlan& Plan(HFONT font) const;
     void CreateControls();
+    // The page as big as its columns; one taller than the host's room is that tall (scrolledHeight)
+    // and scrolls.
+    void FitToHostArea(const chipdesc::LayoutPlan& plan, int scrolledHeight);
     // The numeric edit a planned window needs (a number field's, a reference's), or null.
     std::unique_ptr<CNumberEdit> MakeEdit(const chipdesc::PlannedWindow& planned, const chipdesc::Field* field) const;
     void AddControlSlot(const chipdesc::PlannedWindow& planned, HWND window, std::unique_ptr<CNumberEdit> edit);
@@ -133,4 +140,5 @@ private:
     int m_currentField = -1;
     int m_currentSwitchId = 0;
     std::array<CurrentColour, chipdesc::kColourCount> m_current;
+    CPageScroller m_scroller;
 };
