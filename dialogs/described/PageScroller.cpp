@@ -1,6 +1,7 @@
 #include "dialogs/described/PageScroller.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -102,66 +103,64 @@ void CPageScroller::ScrollIntoView(HWND child) {
         ScrollTo(m_position + rect.bottom - view);
 }
 
+// Where a scroll bar's command takes the view's top; -1 for none.
+int CPageScroller::Target(WORD command) const {
+    const int page = std::max(ViewHeight() - m_line, m_line);
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_TRACKPOS;
+    switch (command) {
+    case SB_LINEUP:
+    case SB_LINEDOWN:
+        return m_position + (command == SB_LINEUP ? -m_line : m_line);
+    case SB_PAGEUP:
+    case SB_PAGEDOWN:
+        return m_position + (command == SB_PAGEUP ? -page : page);
+    case SB_TOP:
+        return 0;
+    case SB_BOTTOM:
+        return m_content;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+        ::GetScrollInfo(m_page, SB_VERT, &info);
+        return info.nTrackPos;
+    default:
+        return -1;
+    }
+}
+
 bool CPageScroller::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, INT_PTR& result) {
     if (!m_page)
         return false;
-    const int page = std::max(ViewHeight() - m_line, m_line);
+    // The keys the page takes while it has the keyboard, as the scroll bar's commands.
+    constexpr std::pair<WPARAM, WORD> kKeys[] = {{VK_UP, SB_LINEUP},    {VK_DOWN, SB_LINEDOWN},
+                                                 {VK_PRIOR, SB_PAGEUP}, {VK_NEXT, SB_PAGEDOWN},
+                                                 {VK_HOME, SB_TOP},     {VK_END, SB_BOTTOM}};
     switch (message) {
-    case WM_VSCROLL: {
-        if (lParam) // a control's own scroll bar or spin buttons
+    case WM_VSCROLL: // the page's own scroll bar, not a control's or spin buttons'
+        if (lParam)
             return false;
-        SCROLLINFO info{};
-        info.cbSize = sizeof info;
-        info.fMask = SIF_TRACKPOS;
-        switch (LOWORD(wParam)) {
-        case SB_LINEUP:
-            ScrollTo(m_position - m_line);
-            break;
-        case SB_LINEDOWN:
-            ScrollTo(m_position + m_line);
-            break;
-        case SB_PAGEUP:
-            ScrollTo(m_position - page);
-            break;
-        case SB_PAGEDOWN:
-            ScrollTo(m_position + page);
-            break;
-        case SB_TOP:
-            ScrollTo(0);
-            break;
-        case SB_BOTTOM:
-            ScrollTo(m_content);
-            break;
-        case SB_THUMBTRACK:
-        case SB_THUMBPOSITION:
-            ::GetScrollInfo(m_page, SB_VERT, &info);
-            ScrollTo(info.nTrackPos);
-            break;
-        default:
-            break;
-        }
+        if (const int target = Target(LOWORD(wParam)); target >= 0)
+            ScrollTo(target);
         result = TRUE;
         return true;
-    }
+    case WM_KEYDOWN:
+        for (const auto& [key, command] : kKeys)
+            if (wParam == key) {
+                ScrollTo(Target(command));
+                result = TRUE;
+                return true;
+            }
+        return false;
     case WM_MOUSEWHEEL: {
         UINT lines = 3;
         ::SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
         m_wheel += GET_WHEEL_DELTA_WPARAM(wParam);
         const int notches = m_wheel / WHEEL_DELTA;
         m_wheel -= notches * WHEEL_DELTA;
-        ScrollTo(m_position -
-                 notches * (lines == WHEEL_PAGESCROLL ? page : static_cast<int>(lines) * m_line));
-        result = TRUE;
-        return true;
-    }
-    case WM_KEYDOWN: {
-        const int to[] = {m_position - page, m_position + page,   0,
-                          m_content,         m_position - m_line, m_position + m_line};
-        const WPARAM keys[] = {VK_PRIOR, VK_NEXT, VK_HOME, VK_END, VK_UP, VK_DOWN};
-        const auto* key = std::find(std::begin(keys), std::end(keys), wParam);
-        if (key == std::end(keys))
-            return false;
-        ScrollTo(to[key - keys]);
+        const int step = lines == WHEEL_PAGESCROLL ? std::max(ViewHeight() - m_line, m_line)
+                                                   : static_cast<int>(lines) * m_line;
+        ScrollTo(m_position - notches * step);
         result = TRUE;
         return true;
     }

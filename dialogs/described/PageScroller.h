@@ -28,6 +28,7 @@ public:
 
 private:
     int ViewHeight() const;
+    int Target(WORD command) const;
     void UpdateBar() const;
     static LRESULT CALLBACK FocusHook(int code, WPARAM wParam, LPARAM lParam);
 
