@@ -14,6 +14,8 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
@@ -44,6 +46,9 @@ std::vector<Child> ChildrenOf(HWND page) {
         c.style = static_cast<DWORD>(GetWindowLongPtrW(child, GWL_STYLE));
         c.exStyle = static_cast<DWORD>(GetWindowLongPtrW(child, GWL_EXSTYLE));
         GetWindowRect(child, &c.rect);
+        // A combo box is made as tall as it is with its list dropped, as a template makes it.
+        if (_wcsicmp(name, WC_COMBOBOXW) == 0)
+            SendMessageW(child, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&c.rect));
         MapWindowPoints(nullptr, page, reinterpret_cast<POINT*>(&c.rect), 2);
         c.id = GetDlgCtrlID(child);
         children.push_back(c);
