@@ -103,6 +103,7 @@ struct Field {
     std::optional<int> defaultValue;
     Control control = Control::None;
     std::vector<Item> items;
+    std::vector<int> itemCodes; // the value each item stands for, in the items' order
     double step = 1;
     Item unit;
     std::string readout;
@@ -120,13 +121,16 @@ struct Field {
     Item group;      // consecutive fields of one group share a box titled with it
     int showIf = -1; // index of the field whose non-zero value shows this one
 
+    Item help;             // shown over the row's label and controls
+    bool readOnly = false; // shown, never written: a status bit, a chip revision
+
     int Width() const;
     // Controls this field has on the page: one per colour for Separate and Linked, else one.
     int ControlCount() const {
         return colours == Colours::Separate || colours == Colours::Linked ? kColourCount : 1;
     }
     bool Editable() const {
-        return control != Control::None && !IsHostValue(source) && onFill != OnFill::HostCount;
+        return control != Control::None && !IsHostValue(source) && onFill != OnFill::HostCount && !readOnly;
     }
 };
 
@@ -139,8 +143,12 @@ enum class Notice : std::uint8_t {
     Either, // MarkModified when it differs, otherwise UpdateHostState(1, 1)
 };
 
+// The newest description format this module reads; a file states its own with format-version.
+inline constexpr int kFormatVersion = 2;
+
 struct Page {
     std::string className;
+    int formatVersion = 1;
     Title title = Title::Caption;
     std::string titleString;
     std::array<std::string, kColourCount> colourLabels{"IDS_Red", "IDS_Green", "IDS_Blue"};
@@ -163,9 +171,38 @@ struct Page {
     bool okCancel = false;
 };
 
+// What a page button does.
+enum class Action : std::uint8_t {
+    GoToPage, // asks the host's frame for one of its pages
+    Reread,   // fills the page from the chip, as the host's "read the chip again" does
+    Defaults, // writes every field's default
+    Export,   // the parameter file of the page class's table, as its parameter-table page writes it
+    Import,
+    Function, // calls an entry of one of the host's chip-function tables
+};
+// What a chip function is handed: nothing, a field's value, or a pointer to a record as read.
+enum class Argument : std::uint8_t { None, Value, Record };
+
+struct Button {
+    std::string name;
+    int line = 0; // of its section header
+    Item label;
+    int id = 0; // 0: automatic
+    Action action = Action::GoToPage;
+    int page = 0;  // GoToPage
+    int table = 1; // Function: 1, 2 or 3, the host's GetFunctionTable, GetFunctionTable2, GetFunctionTable3
+    int entry = 0;
+    Argument argument = Argument::None;
+    int field = -1; // Value: the field's index
+    Source record = Source::Block;
+};
+// The page numbers a button may ask for.
+inline constexpr int kMaxHostPage = 255;
+
 struct Description {
     Page page;
     std::vector<Field> fields;
+    std::vector<Button> buttons; // in the order of the page's row of buttons
 
     // The records the fields read (not host values), in Source order.
     std::vector<Source> RecordsInUse() const;
@@ -196,8 +233,11 @@ enum class ErrorCode : std::uint8_t {
     DuplicateName,
     DuplicateId,
     NoFields,
+    OutOfRange,
+    NoParamTable,
+    NewerFormat,
 };
-inline constexpr std::size_t kErrorCodeCount = 19;
+inline constexpr std::size_t kErrorCodeCount = 22;
 
 struct ParseError {
     int line = 0;
@@ -226,6 +266,11 @@ int Decode(const Field& field, int stored);
 int Encode(const Field& field, int shown);
 // The values a field can show, lowest and highest, before any range of its own.
 std::pair<int, int> CodableRange(const Field& field);
+// The combo item standing for a value, or -1: a code the chip holds that no item names, which the
+// page shows as its number and never writes.
+int ItemOf(const Field& field, int value);
+// Every bit of the field, in every copy, taken from `from` into `into`.
+void CopyFieldBits(const Field& field, std::span<const std::uint8_t> from, std::span<std::uint8_t> into);
 
 // Colour 0 stands for the field when it has one position.
 int ReadValue(const Field& field, std::span<const std::uint8_t> record, int colour);

@@ -9,7 +9,7 @@
 
 namespace chipdesc {
 
-enum class Section : std::uint8_t { Page, Field };
+enum class Section : std::uint8_t { Page, Field, Button };
 
 namespace detail {
 struct KeyValue;

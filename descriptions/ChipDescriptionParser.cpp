@@ -3,6 +3,7 @@
 #include "descriptions/ChipDescriptionParser.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace chipdesc {
 
@@ -55,6 +56,17 @@ std::size_t FirstNonText(std::string_view text) {
     return std::string_view::npos;
 }
 
+// The format version a "format-version = N" line states.
+std::optional<int> StatedVersion(std::string_view line) {
+    line = Trim(StripTrailingComment(Trim(line)));
+    const std::size_t equals = line.find('=');
+    int version = 0;
+    if (equals == std::string_view::npos || Trim(line.substr(0, equals)) != "format-version" ||
+        !ParseInt(Trim(line.substr(equals + 1)), version))
+        return std::nullopt;
+    return version;
+}
+
 int LineOfOffset(std::string_view text, std::size_t offset) {
     return 1 + static_cast<int>(
                    std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(offset), '\n'));
@@ -72,7 +84,7 @@ ParseResult Parser::Run(std::string_view text) {
         return *m_error;
     for (FieldDraft& draft : m_drafts)
         m_description.fields.push_back(std::move(draft.field));
-    if (!CheckRefreshReads())
+    if (!CheckRefreshReads() || !FinishButtons())
         return *m_error;
     CompleteChangeTest();
     return std::move(m_description);
@@ -87,16 +99,25 @@ bool Parser::ReadText(std::string_view text) {
         return Fail(LineOfOffset(text, bad), ErrorCode::NotText, "");
     int number = 0;
     std::size_t start = 0;
-    while (start < text.size() && !m_error) {
+    while (start < text.size()) {
         const std::size_t end = std::min(text.find('\n', start), text.size());
         std::string_view line = text.substr(start, end - start);
         if (!line.empty() && line.back() == '\r')
             line.remove_suffix(1);
         ++number;
-        if (line.size() > kMaxLineChars)
-            return Fail(number, ErrorCode::LineTooLong, std::to_string(line.size()));
-        Line(number, line);
         start = end + 1;
+        // A newer file is refused for that alone, wherever it says so: its newer keys and values
+        // would otherwise read as mistakes.
+        if (const auto version = StatedVersion(line); version && *version > kFormatVersion) {
+            m_error = ParseError{number, ErrorCode::NewerFormat, std::to_string(*version)};
+            return false;
+        }
+        if (m_error)
+            continue;
+        if (line.size() > kMaxLineChars)
+            Fail(number, ErrorCode::LineTooLong, std::to_string(line.size()));
+        else
+            Line(number, line);
     }
     m_lastLine = std::max(1, number);
     return !m_error;
@@ -125,7 +146,9 @@ bool Parser::Line(int number, std::string_view line) {
         return Fail(number, ErrorCode::BadValue, key);
     if (!m_section)
         return Fail(number, ErrorCode::Syntax, line);
-    auto& keyLines = *m_section == Section::Page ? m_page.keyLines : m_drafts.back().keyLines;
+    auto& keyLines = *m_section == Section::Page     ? m_page.keyLines
+                     : *m_section == Section::Button ? m_buttons.back().keyLines
+                                                     : m_drafts.back().keyLines;
     if (keyLines.count(key))
         return Fail(number, ErrorCode::DuplicateKey, key);
     keyLines.emplace(std::string(key), number);
@@ -155,12 +178,16 @@ bool Parser::Header(int number, std::string_view name) {
         m_section = Section::Field;
         return true;
     }
+    if (name.substr(0, 7) == "button " || name.substr(0, 7) == "button\t")
+        return ButtonHeader(number, Trim(name.substr(7)));
     return Fail(number, ErrorCode::UnknownSection, name);
 }
 
 bool Parser::KeyLine(int number, std::string_view key, std::string_view value) {
     FieldDraft* draft = *m_section == Section::Field ? &m_drafts.back() : nullptr;
     KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error};
+    if (*m_section == Section::Button)
+        keyValue.button = &m_buttons.back();
     if (!SplitWords(value, keyValue.words))
         return Fail(number, ErrorCode::BadValue, value);
     const Key* found = FindKey(*m_section, key);

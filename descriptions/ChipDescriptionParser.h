@@ -29,6 +29,8 @@ bool IsName(std::string_view text);
 // not closed or not followed by a blank.
 bool SplitWords(std::string_view text, std::vector<std::string_view>& words);
 bool IsQuoted(std::string_view word);
+// The parts between separators that are not inside a "quoted text".
+std::vector<std::string_view> SplitOutsideQuotes(std::string_view text, char separator);
 // One colour's bits: runs, most significant first, each "BYTE[MSB:LSB]" or several joined by '='.
 bool ParsePosition(std::string_view text, Position& position);
 
@@ -59,6 +61,18 @@ struct PageDraft {
     }
 };
 
+// What a button's keys said, until the fields it names are known.
+struct ButtonDraft {
+    Button button;
+    std::map<std::string, int, std::less<>> keyLines;
+    std::string fieldName; // of the value handed to a function
+
+    int LineOf(std::string_view key) const {
+        const auto found = keyLines.find(key);
+        return found != keyLines.end() ? found->second : button.line;
+    }
+};
+
 // One "key = value" line, while its value is read into the page or the field being read.
 struct KeyValue {
     int line = 0;
@@ -68,6 +82,7 @@ struct KeyValue {
     FieldDraft* draft; // null in [page]
     const KnownStringId& known;
     std::optional<ParseError>& error;
+    ButtonDraft* button = nullptr; // in [button NAME]
 
     bool Fail(std::string_view detail, ErrorCode code = ErrorCode::BadValue) {
         return Refuse(error, line, code, detail);
@@ -78,6 +93,10 @@ struct KeyValue {
     // A control id.
     bool Id(std::string_view word, int& out);
 };
+
+// A button's action and its function's argument (DescriptionButtons.cpp).
+bool ReadAction(KeyValue& value);
+bool ReadArgument(KeyValue& value);
 
 class Parser {
 public:
@@ -105,12 +124,17 @@ private:
     bool FitRange(FieldDraft& draft);
     bool CheckKeysAgree(FieldDraft& draft);
     bool CheckCurrentKeys(FieldDraft& draft);
+    bool CheckReadOnly(FieldDraft& draft);
     bool ConnectFields();
     bool CheckPageKeys();
     bool CheckOverlaps();
     bool CheckIds();
     bool CheckRefreshReads();
     void CompleteChangeTest();
+    // The page's buttons (DescriptionButtons.cpp): a section header, then what each asks for.
+    bool ButtonHeader(int number, std::string_view name);
+    bool FinishButtons();
+    bool FinishButton(ButtonDraft& draft);
 
     const KnownStringId& m_known;
     std::optional<ParseError> m_error;
@@ -119,6 +143,7 @@ private:
     bool m_havePage = false;
     PageDraft m_page;
     std::vector<FieldDraft> m_drafts;
+    std::vector<ButtonDraft> m_buttons;
     int m_lastLine = 1;
 };
 

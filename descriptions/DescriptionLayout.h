@@ -36,6 +36,7 @@ enum class Role : std::uint8_t {
     Reference,
     Fraction,
     Current,
+    PageButton, // one of the description's buttons
     DefaultButton,
     OkButton,
     CancelButton,
@@ -48,7 +49,8 @@ struct PlannedWindow {
                      // Fraction, Current
     int id = 0;      // 0: the window needs no id
     std::wstring text;
-    Rect rect; // pixels in the page; a combo box's includes its drop-down list
+    Rect rect;       // pixels in the page; a combo box's includes its drop-down list
+    int button = -1; // PageButton: the button's index
 };
 
 // Rows a page may move to another column only together: a group box with its rows, or a row outside
@@ -92,5 +94,8 @@ LayoutPlan PlanLayout(const Description& description, const LayoutTexts& texts, 
 
 // The text of an item, a unit or a label: translated unless written literally.
 std::wstring ItemText(const Item& item, const LayoutTexts& texts);
+// A value as a field shows it in text: its item's text (a code no item names as its number), hex
+// digits, or the number and its unit.
+std::wstring ValueText(const Field& field, int value, const LayoutTexts& texts);
 
 } // namespace chipdesc

@@ -13,10 +13,12 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 class CNumberEdit;
+class RegisterParamTable;
 
 class CDescribedPage : public CChipDialog {
 public:
@@ -41,9 +43,11 @@ protected:
     bool OnHScroll(UINT code, UINT position, HWND scrollBar) override;
     bool OnVScroll(UINT code, UINT position, HWND scrollBar) override;
     bool OnOtherMessage(UINT message, WPARAM wParam, LPARAM lParam, INT_PTR& result) override;
-    void OnDestroy() override;
     void OnNumberEditChanged(UINT id, HWND edit) override;
     void ApplyHostRanges() override;
+    bool ChipDiffersFromSnapshot() override;
+    void RestoreSnapshot() override;
+    void OnDestroy() override;
 
 private:
     using Bytes = std::array<std::uint8_t, kLargestHostRecord>;
@@ -81,6 +85,18 @@ private:
     int SnapshotValue(const chipdesc::Field& field, int colour) const;
     void ShowValue(ControlSlot& slot, int value);
     int ControlValue(const ControlSlot& slot) const;
+    // A combo selects the item naming the value, or an entry of the value's number after its items.
+    void ShowItem(const ControlSlot& slot, int value) const;
+    // The value of the item chosen; the chip's value while the number entry is.
+    int ItemValue(const ControlSlot& slot) const;
+    // The combo shows a value no item names.
+    bool ShowsUnnamedValue(const ControlSlot& slot) const;
+    // A value only shown: its text, or a lamp lit while it is not zero.
+    void ShowReadOnlyValue(const ControlSlot& slot, int value) const;
+    // The help of each field that has one, over its label and its controls.
+    void AddHelp();
+    // Cancel's records: what the page saw, but the values it only shows as the chip holds them now.
+    void RestoreRecords();
     // The chip's value kept, shown as far as the control can, and read out.
     void ShowChipValue(ControlSlot& slot, int value);
     void UpdateReadout(const ControlSlot& slot) const;
@@ -99,9 +115,9 @@ private:
     void OnControlChanged(ControlSlot& slot);
     void OnHexEdited(ControlSlot& slot);
     // Writes valueOf(field, record as read, colour copy) into every copy of each field `picks` picks,
-    // record by record; true when a record was written.
-    bool PatchRecords(const std::function<bool(const chipdesc::Field&)>& picks,
-                      const std::function<int(const chipdesc::Field&, const Bytes&, int)>& valueOf,
+    // record by record, leaving a copy it gives nothing for; true when a record was written.
+    using FieldValue = std::function<std::optional<int>(const chipdesc::Field&, const Bytes&, int)>;
+    bool PatchRecords(const std::function<bool(const chipdesc::Field&)>& picks, const FieldValue& valueOf,
                       bool onlyWhenChanged);
     void WriteDefaults();
     // The fields the chip wants written whenever the page fills itself (copies made equal again, the
@@ -112,6 +128,13 @@ private:
     // The output-current read-out, when the description has one.
     void UpdateCurrentGroup();
     void UpdateCurrent(int colour);
+
+    // The description's buttons (DescribedButtons.cpp). False: no such button.
+    bool OnPageButton(UINT id);
+    void CallChipFunction(const chipdesc::Button& button);
+    // The table of the page class, for descriptions with an export or import button.
+    static std::unique_ptr<RegisterParamTable> ParamTableFor(const chipdesc::Description& description,
+                                                             IRegvane* chip);
 
     // Kept per page class for the life of the module: a reopened page starts with the operator's
     // last choices, and a page of another class keeps its own.
@@ -128,6 +151,8 @@ private:
     static std::vector<CDescribedPage*>& OpenPages();
 
     std::shared_ptr<const chipdesc::Description> m_description;
+    std::unique_ptr<RegisterParamTable> m_paramTable; // its snapshot is part of the change test
+    std::vector<std::pair<int, int>> m_buttonIds;     // a button's control id, its index
     std::vector<ControlSlot> m_slots;
     std::vector<std::vector<HWND>> m_fieldWindows; // label, controls and read-outs of each field
     int m_linkId = 0;
@@ -140,5 +165,6 @@ private:
     int m_currentField = -1;
     int m_currentSwitchId = 0;
     std::array<CurrentColour, chipdesc::kColourCount> m_current;
+    HWND m_help = nullptr; // the tooltips of the fields' help
     CPageScroller m_scroller;
 };

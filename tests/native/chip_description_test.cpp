@@ -59,6 +59,9 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         text.replace(text.find(from), from.size(), to);
         return text;
     };
+    auto button = [&](const std::string& action) {
+        return good + "[button b]\nlabel = IDS_B\naction = " + action + "\n";
+    };
     const struct {
         std::string text;
         int line;
@@ -70,9 +73,17 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {replace("bits = 8[0]", "bits = 2[5]"), 13, ErrorCode::Overlap},        // red's gain
         {replace("bits = 8[0]", "bits = 14[0]"), 13, ErrorCode::OutsideRecord}, // blue's copy at 18 of 16
         {replace("bits = 8[0]", "bits = 8[8:7]"), 13, ErrorCode::BadBits},
-        {replace("bits = 8[0]", "bits = 8[1:3]"), 13, ErrorCode::BadBits},
         {replace("items = IDS_A \"B\"", "items = IDS_A \"B\" IDS_C"), 16, ErrorCode::ItemsDoNotFit},
         {replace("items = IDS_A", "items = Mode_A"), 16, ErrorCode::UnknownStringId},
+        {replace("items = IDS_A \"B\"", "items = 0 IDS_A, 2 \"B\""), 16, ErrorCode::ItemsDoNotFit},
+        {replace("items = IDS_A \"B\"", "items = 1 IDS_A, 1 \"B\""), 16, ErrorCode::DuplicateKey},
+        {replace("items = IDS_A \"B\"", "items = 1 IDS_A, 0"), 16, ErrorCode::BadValue},
+        // Shown, never written: no slider, and nothing that writes it.
+        {replace("control = slider", "control = slider\naccess = read-only"), 10, ErrorCode::BadValue},
+        {replace("control = combo", "control = combo\naccess = read-only\non-fill = rewrite"), 17,
+         ErrorCode::BadValue},
+        // A newer file is refused as newer, not for a key of its own that comes first.
+        {replace("link = IDS_Link", "shape = round\nformat-version = 3"), 4, ErrorCode::NewerFormat},
         {replace("control = slider", "control = slider\nrange = 0..64"), 10, ErrorCode::RangeDoesNotFit},
         {replace("control = slider", "control = slider\ndefault = 70"), 10, ErrorCode::RangeDoesNotFit},
         {replace("control = slider", "control = knob"), 9, ErrorCode::BadValue},
@@ -97,12 +108,8 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {replace("bits = 8[0]\ncolours = separate", "bits = 8[0]\ncolours = equal\ncurrent = gain6"), 15,
          ErrorCode::BadValue},
         {replace("link = IDS_Link", "link = IDS_Link\ndefault-id = 9"), 4, ErrorCode::MissingKey},
-        {replace("link = IDS_Link", "link = IDS_Link\nswitches = module"), 4, ErrorCode::BadValue},
         {replace("control = slider", "control = slider\nhost-range = count"), 10, ErrorCode::BadValue},
-        {replace("control = slider", "control = slider\nhost-range = gain exactly"), 10, ErrorCode::BadValue},
-        {replace("control = slider", "control = slider\nreference-decimals = 1"), 10, ErrorCode::MissingKey},
         // Written on every fill: the value read again, or the host's count into one value.
-        {replace("control = slider", "control = slider\non-fill = always"), 10, ErrorCode::BadValue},
         {replace("control = combo", "control = combo\non-fill = count"), 16, ErrorCode::BadValue},
         {replace("control = combo", "control = combo\nhost-range = gain"), 16, ErrorCode::BadValue},
         {replace("link = IDS_Link", "link = IDS_Link\nrefresh-reads = record20 record-a"), 4,
@@ -111,6 +118,18 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {std::string(kGoodPage) + "\nnote = \x01\x02", 18, ErrorCode::NotText},
         {std::string(kGoodPage) + "\n# " + std::string(1200, 'x'), 18, ErrorCode::LineTooLong},
         {std::string(kMaxDescriptionBytes + 1, '#'), 1, ErrorCode::TooLarge},
+        // Buttons: an action the page can do, on what the page has.
+        {button("jump 3"), 19, ErrorCode::BadValue},
+        {button("page 256"), 19, ErrorCode::OutOfRange},
+        {button("function 2 64"), 19, ErrorCode::OutOfRange},
+        {button("export"), 19, ErrorCode::NoParamTable},
+        {button("defaults"), 19, ErrorCode::MissingKey},
+        {button("function 1 93\nargument = value speed"), 20, ErrorCode::UnknownField},
+        {button("function 1 93\nargument = value gain"), 20, ErrorCode::BadValue}, // a value per colour
+        {button("reread\nid = 7\n[button c]\nlabel = IDS_C\naction = reread\nid = 7"), 24,
+         ErrorCode::DuplicateId},
+        {button("reread\n[button b]"), 20, ErrorCode::DuplicateKey},
+        {std::string(kGoodPage) + "[button b]\nlabel = IDS_B\n", 17, ErrorCode::MissingKey},
     };
     for (const auto& bad : cases) {
         const ParseError error = ErrorOf(bad.text);
@@ -194,6 +213,21 @@ TEST(ChipDescription, EveryCodingKeepsEveryValueAndNoOtherBit) {
     EXPECT_EQ(block[2], 0x80);
 }
 
+TEST(ChipDescription, ItemsWithGapsAreStoredByTheirValueAndAValueNoItemNamesShowsAsItsNumber) {
+    const Field speed =
+        Parsed("[page]\nclass = CRegvaneExampleChip\n[field s]\nlabel = IDS_S\nbits = 4[1:0]=6[3:2]\n"
+               "coding = xor 1\ncontrol = combo\nitems = 2 \"Slow\", 3 \"Fast\", 0 IDS_Off\n",
+               AnyId, "items")
+            .fields.at(0);
+    std::array<std::uint8_t, 16> block;
+    block.fill(0xFF);
+    WriteValue(speed, block, 0, speed.itemCodes[1]); // "Fast", 3: stored 2, in both places
+    EXPECT_EQ(block[4], 0xFE);
+    EXPECT_EQ(block[6], 0xFB);
+    block[4] = 0xF0; // stored 0: 1, which no item names
+    EXPECT_EQ(ValueText(speed, ReadValue(speed, block, 0), {}), L"1");
+}
+
 std::string ReadSourceFile(const std::string& relative) {
     std::ifstream file(std::string(REGVANE_SOURCE_DIR) + "/" + relative, std::ios::binary);
     return std::string(std::istreambuf_iterator<char>(file), {});
@@ -218,9 +252,11 @@ TEST(ChipDescription, EveryShippedDescriptionIsValidNamedForItsClassAndTranslate
         }
     }
     EXPECT_GE(count, 3);
-    // The documentation's worked example is a valid description too.
-    ParseResult example = Parse(ReadSourceFile("docs/examples/CRegvaneExampleChip.desc"), IsModuleStringId);
-    EXPECT_TRUE(std::holds_alternative<Description>(example)) << std::get<ParseError>(example).detail;
+    // The documentation's examples are valid descriptions too.
+    for (const auto& entry :
+         std::filesystem::directory_iterator(std::filesystem::path(REGVANE_SOURCE_DIR) / "docs" / "examples"))
+        Parsed(ReadSourceFile("docs/examples/" + entry.path().filename().string()), IsModuleStringId,
+               entry.path().filename().string());
 }
 
 // The names in backquotes in the first column of the tables under a heading of the guide.
@@ -248,7 +284,9 @@ TEST(ChipDescription, TheGuideDocumentsEveryKeyOfEachSectionAndNoOther) {
     const struct {
         Section section;
         std::string heading;
-    } sections[] = {{Section::Page, "### `[page]`"}, {Section::Field, "### `[field NAME]`"}};
+    } sections[] = {{Section::Page, "### `[page]`"},
+                    {Section::Field, "### `[field NAME]`"},
+                    {Section::Button, "### `[button NAME]`"}};
     for (const auto& [section, heading] : sections) {
         std::set<std::string> taken;
         for (const Key& key : DescriptionKeys())
