@@ -339,6 +339,7 @@ std::vector<Planner::GroupSpan> Planner::AddRows(const std::vector<int>& rows, c
             return;
         groups.back().bottom = y + Y(kGroupBottom);
         y += Y(kGroupBottom) + Y(kGroupGap);
+        m_plan.bands.back().bottom = y;
     };
     for (const int row : rows) {
         const Field& field = m_description.fields[static_cast<std::size_t>(row)];
@@ -349,13 +350,17 @@ std::vector<Planner::GroupSpan> Planner::AddRows(const std::vector<int>& rows, c
             title = fieldTitle;
             if (!group.text.empty()) {
                 groups.push_back({title, y, 0});
+                m_plan.bands.push_back({y, y});
                 y += Y(kGroupTitle);
             }
         }
+        if (group.text.empty())
+            m_plan.bands.push_back({y, y});
         AddFieldRow(row, columns, y);
         y += Y(kRow);
         if (!field.current.empty())
             AddCurrentRows(row, field, columns, y);
+        m_plan.bands.back().bottom = y;
     }
     closeGroup();
     return groups;

@@ -53,10 +53,17 @@ struct PlannedWindow {
     int button = -1; // PageButton: the button's index
 };
 
+// Rows a page may move to another column only together: a group box with its rows, or a row outside
+// any group with the rows of its output-current read-out. Pixels from the top of the one-column plan.
+struct Band {
+    int top = 0, bottom = 0;
+};
+
 struct LayoutPlan {
     std::vector<PlannedWindow> windows;
     int width = 0;
     int height = 0;
+    std::vector<Band> bands; // top to bottom, each starting where the one before ends
 };
 
 struct LayoutTexts {

@@ -1,5 +1,6 @@
 #include "dialogs/described/DescribedPage.h"
 
+#include "descriptions/DescriptionFlow.h"
 #include "descriptions/DescriptionFormula.h"
 #include "descriptions/DescriptionLayout.h"
 #include "descriptions/DescriptionReadouts.h"
@@ -251,7 +252,14 @@ void CDescribedPage::AddControlSlot(const PlannedWindow& planned, HWND window, s
 
 void CDescribedPage::CreateControls() {
     const HFONT font = reinterpret_cast<HFONT>(SendMessage(WM_GETFONT));
-    const LayoutPlan& plan = Plan(font);
+    // The room: the host's view, and never less than the class's own template, which hosts make room for.
+    RECT frame{}, view{};
+    ::GetClientRect(m_hWnd, &frame);
+    ::GetClientRect(::GetParent(m_hWnd), &view);
+    const PageArea area{std::max(frame.right, view.right), std::max(frame.bottom, view.bottom),
+                        ::GetSystemMetrics(SM_CXVSCROLL)};
+    const FlowedPlan flowed = FlowIntoColumns(Plan(font), area);
+    const LayoutPlan& plan = flowed.plan;
     const std::vector<Field>& fields = m_description->fields;
     m_fieldWindows.assign(fields.size(), {});
     CNumberEdit* lastEdit = nullptr;
@@ -309,8 +317,21 @@ void CDescribedPage::CreateControls() {
         if (planned.role == Role::Control)
             AddControlSlot(planned, window, std::move(edit));
     }
-    ::SetWindowPos(m_hWnd, nullptr, 0, 0, plan.width, plan.height,
-                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    FitToHostArea(plan, flowed.scrolls ? area.height : 0);
+}
+
+void CDescribedPage::FitToHostArea(const LayoutPlan& plan, int scrolledHeight) {
+    if (!scrolledHeight) {
+        ::SetWindowPos(m_hWnd, nullptr, 0, 0, plan.width, plan.height,
+                       SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        return;
+    }
+    ::SetWindowLongPtrW(m_hWnd, GWL_STYLE, ::GetWindowLongPtrW(m_hWnd, GWL_STYLE) | WS_VSCROLL);
+    ::SetWindowPos(m_hWnd, nullptr, 0, 0, plan.width + ::GetSystemMetrics(SM_CXVSCROLL), scrolledHeight,
+                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    RECT row{0, 0, 0, 16}; // a row of the layout, in dialog units
+    ::MapDialogRect(m_hWnd, &row);
+    m_scroller.Attach(m_hWnd, plan.height, row.bottom);
 }
 
 Value CDescribedPage::SnapshotValue(const chipdesc::Field& field, int colour) const {
@@ -665,6 +686,16 @@ bool CDescribedPage::OnHScroll(UINT code, UINT position, HWND scrollBar) {
         return false;
     OnControlChanged(*slot);
     return true;
+}
+
+bool CDescribedPage::OnVScroll(UINT code, UINT position, HWND scrollBar) {
+    INT_PTR result = 0;
+    return m_scroller.OnMessage(WM_VSCROLL, MAKEWPARAM(code, position), reinterpret_cast<LPARAM>(scrollBar),
+                                result);
+}
+
+bool CDescribedPage::OnOtherMessage(UINT message, WPARAM wParam, LPARAM lParam, INT_PTR& result) {
+    return m_scroller.OnMessage(message, wParam, lParam, result);
 }
 
 void CDescribedPage::ApplyHostRanges() {

@@ -8,6 +8,7 @@
 #include "descriptions/ChipDescription.h"
 #include "descriptions/DescriptionLayout.h"
 #include "dialogs/common/ChipDialog.h"
+#include "dialogs/described/PageScroller.h"
 
 #include <array>
 #include <functional>
@@ -40,6 +41,8 @@ protected:
     void RefreshFromChip() override;
     bool OnCommand(UINT code, UINT id, HWND control) override;
     bool OnHScroll(UINT code, UINT position, HWND scrollBar) override;
+    bool OnVScroll(UINT code, UINT position, HWND scrollBar) override;
+    bool OnOtherMessage(UINT message, WPARAM wParam, LPARAM lParam, INT_PTR& result) override;
     void OnNumberEditChanged(UINT id, HWND edit) override;
     void ApplyHostRanges() override;
     bool ChipDiffersFromSnapshot() override;
@@ -72,6 +75,9 @@ private:
 
     const chipdesc::LayoutPlan& Plan(HFONT font) const;
     void CreateControls();
+    // The page as big as its columns; one taller than the host's room is that tall (scrolledHeight)
+    // and scrolls.
+    void FitToHostArea(const chipdesc::LayoutPlan& plan, int scrolledHeight);
     // The numeric edit a planned window needs (a number field's, a reference's), or null.
     std::unique_ptr<CNumberEdit> MakeEdit(const chipdesc::PlannedWindow& planned, const chipdesc::Field* field) const;
     void AddControlSlot(const chipdesc::PlannedWindow& planned, HWND window, std::unique_ptr<CNumberEdit> edit);
@@ -164,4 +170,5 @@ private:
     int m_currentSwitchId = 0;
     std::array<CurrentColour, chipdesc::kMaxColours> m_current;
     HWND m_help = nullptr; // the tooltips of the fields' help
+    CPageScroller m_scroller;
 };

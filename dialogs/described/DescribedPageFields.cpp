@@ -88,6 +88,7 @@ void CDescribedPage::AddHelp() {
 }
 
 void CDescribedPage::OnDestroy() {
+    m_scroller.Detach();
     if (m_help)
         ::DestroyWindow(m_help);
     m_help = nullptr;

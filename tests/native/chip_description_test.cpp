@@ -4,6 +4,7 @@
 // tests and the accepted host-call traces.
 #include "descriptions/ChipDescription.h"
 #include "descriptions/ChipDescriptionKeys.h"
+#include "descriptions/DescriptionFlow.h"
 #include "descriptions/DescriptionLayout.h"
 #include "framework/LanguageFile.h"
 #include "framework/TextEncoding.h"
@@ -329,8 +330,11 @@ TEST(ChipDescription, Fm6129AndItsExtendedSetShareNoBits) {
 }
 
 TEST(ChipDescription, TheLayoutGivesEveryTextItsRoomAndNoTwoControlsOverlap) {
-    for (const char* className : {"CRegvaneFM6127EX", "CRegvaneFM6126"}) {
-        SCOPED_TRACE(className);
+    for (const auto& [className, area] : // in one column, and flowed in a wide room too short for one
+         {std::pair{"CRegvaneFM6127EX", PageArea{}}, std::pair{"CRegvaneFM6126", PageArea{}},
+          std::pair{"CRegvaneFM6127EX", PageArea{2000, 150, 17}},
+          std::pair{"CRegvaneFM6126", PageArea{2000, 150, 17}}}) {
+        SCOPED_TRACE(std::string(className) + (area.height ? " in a short room" : ""));
         const Description description = Shipped(className);
         // Every character 6 pixels; a label, the read-out switch and Default three times as long as
         // in English.
@@ -342,7 +346,9 @@ TEST(ChipDescription, TheLayoutGivesEveryTextItsRoomAndNoTwoControlsOverlap) {
             return longer ? text + text + text : text;
         };
         texts.measure = [](std::wstring_view text) { return static_cast<int>(text.size()) * 6; };
-        const LayoutPlan plan = PlanLayout(description, texts, {6, 13});
+        const FlowedPlan flowed = FlowIntoColumns(PlanLayout(description, texts, {6, 13}), area);
+        const LayoutPlan& plan = flowed.plan;
+        EXPECT_EQ(flowed.columns > 1, area.height && std::string(className) == "CRegvaneFM6127EX");
         std::vector<const PlannedWindow*> controls;
         for (const PlannedWindow& window : plan.windows) {
             if (window.role == Role::Label || window.role == Role::ColourHeader ||
