@@ -75,14 +75,15 @@ int LineOfOffset(std::string_view text, std::size_t offset) {
 } // namespace
 
 ParseResult Parser::Run(std::string_view text) {
-    if (!ReadText(text) || !CheckSections())
+    if (!ReadText(text) || !CheckSections() || !ResolveCopies() || !CheckColours())
         return *m_error;
     if (!AssignGridColumns())
         return *m_error;
     for (FieldDraft& draft : m_drafts)
         if (!FinishField(draft))
             return *m_error;
-    if (!ExpandGrids() || !ConnectFields() || !CheckPageKeys() || !CheckOverlaps() || !CheckIds())
+    if (!ExpandGrids() || !ConnectFields() || !ConnectFormulas() || !CheckPageKeys() || !CheckOverlaps() ||
+        !CheckIds())
         return *m_error;
     for (FieldDraft& draft : m_drafts)
         m_description.fields.push_back(std::move(draft.field));
@@ -126,6 +127,7 @@ bool Parser::ReadText(std::string_view text) {
 }
 
 bool Parser::Line(int number, std::string_view line) {
+    m_line = line;
     line = Trim(line);
     if (line.empty() || line.front() == '#' || line.front() == ';')
         return true;
@@ -155,7 +157,11 @@ bool Parser::Line(int number, std::string_view line) {
     if (keyLines.count(key))
         return Fail(number, ErrorCode::DuplicateKey, key);
     keyLines.emplace(std::string(key), number);
-    return KeyLine(number, key, value);
+    FieldDraft* draft = *m_section == Section::Field ? &m_drafts.back() : nullptr;
+    const int column = static_cast<int>(value.data() - m_line.data()) + 1;
+    if (draft)
+        draft->keys.push_back({key, value, number, column});
+    return KeyLine(number, column, *m_section, key, value, draft);
 }
 
 bool Parser::Header(int number, std::string_view name) {
@@ -188,16 +194,16 @@ bool Parser::Header(int number, std::string_view name) {
     return Fail(number, ErrorCode::UnknownSection, name);
 }
 
-bool Parser::KeyLine(int number, std::string_view key, std::string_view value) {
-    FieldDraft* draft = *m_section == Section::Field ? &m_drafts.back() : nullptr;
-    KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error};
-    if (*m_section == Section::Button)
+bool Parser::KeyLine(int number, int column, Section section, std::string_view key, std::string_view value,
+                     FieldDraft* draft) {
+    KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error, column};
+    if (section == Section::Button)
         keyValue.button = &m_buttons.back();
-    if (*m_section == Section::Grid)
+    if (section == Section::Grid)
         keyValue.grid = &m_grids.back();
     if (!SplitWords(value, keyValue.words))
         return Fail(number, ErrorCode::BadValue, value);
-    const Key* found = FindKey(*m_section, key);
+    const Key* found = FindKey(section, key);
     if (!found)
         return Fail(number, ErrorCode::UnknownKey, key);
     return found->read(keyValue);

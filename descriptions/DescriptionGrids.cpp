@@ -83,6 +83,7 @@ void PlanGrids(const Description& description, const LayoutTexts& texts, DialogU
     for (std::size_t index = 0; index < description.grids.size(); ++index) {
         const Grid& grid = description.grids[index];
         const auto gridIndex = static_cast<int>(index);
+        const int top = y;
         if (!grid.label.text.empty()) {
             plan.windows.push_back({Role::Label, -1, -1, 0, ItemText(grid.label, texts),
                                     {x, y, x + measure(ItemText(grid.label, texts)), y + units.Y(9)}});
@@ -111,6 +112,7 @@ void PlanGrids(const Description& description, const LayoutTexts& texts, DialogU
         plan.windows.push_back(std::move(list));
         plan.gridColumns.push_back(std::move(widths));
         y += height + units.Y(6);
+        plan.bands.push_back({top, y}); // a grid flows into another column whole, with its label
     }
 }
 
@@ -169,7 +171,7 @@ bool Parser::CheckGridColumn(FieldDraft& draft, const GridDraft& grid) {
     if (field.control != Control::Number && field.control != Control::Hex)
         return Fail(draft.LineOf("control"), ErrorCode::BadValue, "control");
     for (const char* key : {"colours", "stride", "readout", "current", "on-fill", "show-if", "ids", "label-id",
-                            "group", "host-range", "access", "unit", "step"})
+                            "group", "host-range", "access", "unit", "step", "repeat"})
         if (draft.Has(key))
             return Fail(draft.LineOf(key), ErrorCode::BadValue, key);
     return true;
