@@ -3,6 +3,7 @@
 
 #include "descriptions/ChipDescriptionParser.h"
 #include "descriptions/DescriptionReadouts.h"
+#include "descriptions/DescriptionSections.h"
 
 #include <algorithm>
 #include <charconv>
@@ -202,6 +203,10 @@ namespace {
 template <class Owner, class T> T& Into(KeyValue& v, T Owner::*member) {
     if constexpr (std::is_same_v<Owner, Page>)
         return v.page.*member;
+    else if constexpr (std::is_same_v<Owner, RegisterTextSpec>)
+        return *v.page.registerText.*member;
+    else if constexpr (std::is_same_v<Owner, TableSpec>)
+        return v.page.tables.back().*member;
     else if constexpr (std::is_same_v<Owner, Field>)
         return v.draft->field.*member;
     else
@@ -424,8 +429,12 @@ constexpr std::pair<std::string_view, std::string_view> kHostRanges[] = {{"gain"
 constexpr std::pair<std::string_view, OnFill> kOnFill[] = {{"rewrite", OnFill::Rewrite},
                                                            {"count", OnFill::HostCount}};
 
+constexpr std::pair<std::string_view, int> kValueBits[] = {{"8", 8}, {"16", 16}, {"32", 32}};
+
 constexpr Section P = Section::Page;
 constexpr Section F = Section::Field;
+constexpr Section T = Section::RegisterText;
+constexpr Section B = Section::Table;
 
 // A new key is a row here and one in docs/chip-descriptions.md (a test compares the two), and a check
 // in ChipDescriptionChecks.cpp when it depends on other keys.
@@ -447,6 +456,8 @@ constexpr Key kKeys[] = {
     {"switches", P, Word<&Page::switchesPerClass, kSwitchesPerClass>,
      "switches kept for the class or the page"},
     {"buttons", P, Flags<kButtons>, "the page's Default, OK and Cancel buttons"},
+    {"format-version", P, Number<&Page::formatVersion, 1, 2>,
+     "the version of the format the file is written in"},
 
     {"label", F, Text<&Field::label>, "the row's text"},
     {"label-id", F, Id<&Field::labelId>, "the label's control id"},
@@ -478,6 +489,16 @@ constexpr Key kKeys[] = {
     {"group", F, Text<&Field::group>, "the title of the box around consecutive fields of a group"},
     {"on-fill", F, Word<&Field::onFill, kOnFill>, "what each fill from the chip writes into the field"},
     {"show-if", F, Name<&FieldDraft::showIfName>, "the field whose non-zero value shows this one"},
+
+    {"line", T, ReadLineFormat, "the format of each register's line"},
+    {"records", T, Records<&RegisterTextSpec::records, false, true>, "the records the text shows, in order"},
+    {"ids", T, Ids<&RegisterTextSpec::ids>, "the text's, Copy's and Paste's control ids"},
+
+    {"label", B, Text<&TableSpec::label>, "the text before the table's Load button"},
+    {"values", B, Word<&TableSpec::valueBits, kValueBits>, "the bits of each value"},
+    {"count", B, ReadTableCount, "how many values the table takes"},
+    {"function", B, ReadChipFunction, "the chip function the packed table goes to"},
+    {"id", B, Id<&TableSpec::id>, "the Load button's control id"},
 };
 
 } // namespace

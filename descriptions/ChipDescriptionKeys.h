@@ -9,7 +9,7 @@
 
 namespace chipdesc {
 
-enum class Section : std::uint8_t { Page, Field };
+enum class Section : std::uint8_t { Page, Field, RegisterText, Table };
 
 namespace detail {
 struct KeyValue;

@@ -75,6 +75,8 @@ ParseResult Parser::Run(std::string_view text) {
     if (!CheckRefreshReads())
         return *m_error;
     CompleteChangeTest();
+    if (!FinishSectionsOfVersion2())
+        return *m_error;
     return std::move(m_description);
 }
 
@@ -125,7 +127,9 @@ bool Parser::Line(int number, std::string_view line) {
         return Fail(number, ErrorCode::BadValue, key);
     if (!m_section)
         return Fail(number, ErrorCode::Syntax, line);
-    auto& keyLines = *m_section == Section::Page ? m_page.keyLines : m_drafts.back().keyLines;
+    auto& keyLines = *m_section == Section::Page    ? m_page.keyLines
+                     : *m_section == Section::Field ? m_drafts.back().keyLines
+                                                    : SectionKeyLines();
     if (keyLines.count(key))
         return Fail(number, ErrorCode::DuplicateKey, key);
     keyLines.emplace(std::string(key), number);
@@ -155,6 +159,8 @@ bool Parser::Header(int number, std::string_view name) {
         m_section = Section::Field;
         return true;
     }
+    if (IsSectionOfVersion2(name))
+        return SectionHeader(number, name);
     return Fail(number, ErrorCode::UnknownSection, name);
 }
 

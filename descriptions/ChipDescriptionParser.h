@@ -112,6 +112,13 @@ private:
     bool CheckRefreshReads();
     void CompleteChangeTest();
 
+    // The register text and the tables (DescriptionSections.cpp).
+    static bool IsSectionOfVersion2(std::string_view name);
+    bool SectionHeader(int number, std::string_view name);
+    std::map<std::string, int, std::less<>>& SectionKeyLines();
+    bool ClaimSectionIds(const std::function<bool(int id, int line)>& claim) const;
+    bool FinishSectionsOfVersion2();
+
     const KnownStringId& m_known;
     std::optional<ParseError> m_error;
     Description m_description;
@@ -119,6 +126,8 @@ private:
     bool m_havePage = false;
     PageDraft m_page;
     std::vector<FieldDraft> m_drafts;
+    PageDraft m_textDraft;
+    std::vector<PageDraft> m_tableDrafts;
     int m_lastLine = 1;
 };
 

@@ -1,6 +1,7 @@
 #include "descriptions/DescriptionLayout.h"
 
 #include "descriptions/DescriptionReadouts.h"
+#include "descriptions/SectionLayout.h"
 #include "framework/TextEncoding.h"
 
 #include <algorithm>
@@ -54,6 +55,8 @@ public:
             m_usedIds.insert(field.labelId);
             m_usedIds.insert(field.currentSwitchId);
         }
+        for (const int id : SectionIds(description))
+            m_usedIds.insert(id);
         m_usedIds.insert(description.page.linkId);
         m_usedIds.insert(description.page.defaultId);
     }
@@ -224,6 +227,9 @@ LayoutPlan Planner::Plan() {
     int y = Y(kMargin);
     AddSwitchAndHeaders(columns, y);
     const std::vector<GroupSpan> groups = AddRows(rows, columns, y);
+    PlanSections(
+        m_description, m_texts, m_units, columns.labelX, RightEdge(), y,
+        [this](int id) { return id ? id : NextId(); }, m_plan.windows);
     AddButtons(columns.labelX, RightEdge(), y);
     // Group boxes go first: behind their rows, and out of the tab order.
     const int boxRight = RightEdge() + columns.indent;

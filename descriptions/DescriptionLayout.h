@@ -39,6 +39,12 @@ enum class Role : std::uint8_t {
     DefaultButton,
     OkButton,
     CancelButton,
+    // The register text and its Copy and Paste buttons; a table's Load button (after its Label, both
+    // with the table's index as their colour).
+    RegisterText,
+    CopyButton,
+    PasteButton,
+    TableButton,
 };
 
 struct PlannedWindow {

@@ -48,7 +48,13 @@ WindowKind KindOf(Role role, Control control) {
     case Role::DefaultButton:
     case Role::OkButton:
     case Role::CancelButton:
+    case Role::CopyButton:
+    case Role::PasteButton:
+    case Role::TableButton:
         return {L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP};
+    case Role::RegisterText:
+        return {L"EDIT", ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_VSCROLL | WS_TABSTOP,
+                WS_EX_CLIENTEDGE};
     case Role::Control:
         break;
     default:
@@ -188,7 +194,8 @@ const LayoutPlan& CDescribedPage::Plan(HFONT font) const {
     return cached.plan;
 }
 
-std::unique_ptr<CNumberEdit> CDescribedPage::MakeEdit(const PlannedWindow& planned, const Field* field) const {
+std::unique_ptr<CNumberEdit> CDescribedPage::MakeEdit(const PlannedWindow& planned,
+                                                      const Field* field) const {
     std::unique_ptr<CNumberEdit> edit;
     if (planned.role == Role::Control && field && field->control == Control::Number) {
         // Set up before it takes its window, and the window made with the value the chip held when
@@ -210,7 +217,8 @@ std::unique_ptr<CNumberEdit> CDescribedPage::MakeEdit(const PlannedWindow& plann
     return edit;
 }
 
-void CDescribedPage::AddControlSlot(const PlannedWindow& planned, HWND window, std::unique_ptr<CNumberEdit> edit) {
+void CDescribedPage::AddControlSlot(const PlannedWindow& planned, HWND window,
+                                    std::unique_ptr<CNumberEdit> edit) {
     const Field& field = m_description->fields[static_cast<std::size_t>(planned.field)];
     ControlSlot slot{planned.field, planned.colour, planned.id, window, nullptr, std::move(edit), {}};
     switch (field.control) {
@@ -266,6 +274,8 @@ void CDescribedPage::CreateControls() {
             m_fieldWindows[static_cast<std::size_t>(planned.field)].push_back(window);
         if (planned.role == Role::LinkSwitch)
             m_linkId = planned.id;
+        if (NoteSectionWindow(planned, window))
+            continue;
         if (edit)
             lastEdit = edit.get();
         switch (planned.role) {
@@ -379,6 +389,7 @@ void CDescribedPage::RefreshFromChip() {
     ShowRecords(records, read);
     WriteOnFillFields();
     ShowSwitches();
+    UpdateRegisterText();
 }
 
 void CDescribedPage::ShowSwitches() {
@@ -503,6 +514,7 @@ void CDescribedPage::ChangeField(int fieldIndex, const std::array<int, kColourCo
         records[static_cast<std::size_t>(field.source)] = record;
         read[static_cast<std::size_t>(field.source)] = true;
         ShowFieldsTheyAllow(records, read);
+        UpdateRegisterText();
     }
     if (fieldIndex == m_currentField && Settings().showCurrent)
         for (int colour = 0; colour < kColourCount; ++colour)
@@ -590,6 +602,7 @@ void CDescribedPage::WriteDefaults() {
     if (m_currentSwitchId)
         UpdateCurrentGroup();
     ReportChange();
+    UpdateRegisterText();
 }
 
 void CDescribedPage::WriteOnFillFields() {
@@ -604,8 +617,10 @@ void CDescribedPage::WriteOnFillFields() {
                                                      : ReadValue(f, read, copy);
                                       },
                                       true);
-    if (written)
+    if (written) {
         ReportChange();
+        UpdateRegisterText();
+    }
 }
 
 bool CDescribedPage::OnHScroll(UINT code, UINT position, HWND scrollBar) {
@@ -673,6 +688,8 @@ bool CDescribedPage::OnCommand(UINT code, UINT id, HWND control) {
         ShowSwitchesOnPagesSharingThem();
         return true;
     }
+    if (OnSectionCommand(code, id))
+        return true;
     const int defaultId = m_description->page.defaultId ? m_description->page.defaultId : kDefaultButtonId;
     if (code == BN_CLICKED && id == static_cast<UINT>(defaultId) && m_description->page.defaultButton) {
         WriteDefaults();

@@ -68,8 +68,10 @@ private:
     const chipdesc::LayoutPlan& Plan(HFONT font) const;
     void CreateControls();
     // The numeric edit a planned window needs (a number field's, a reference's), or null.
-    std::unique_ptr<CNumberEdit> MakeEdit(const chipdesc::PlannedWindow& planned, const chipdesc::Field* field) const;
-    void AddControlSlot(const chipdesc::PlannedWindow& planned, HWND window, std::unique_ptr<CNumberEdit> edit);
+    std::unique_ptr<CNumberEdit> MakeEdit(const chipdesc::PlannedWindow& planned,
+                                          const chipdesc::Field* field) const;
+    void AddControlSlot(const chipdesc::PlannedWindow& planned, HWND window,
+                        std::unique_ptr<CNumberEdit> edit);
     // What the chip held for a field when the page opened, where the snapshot has it.
     int SnapshotValue(const chipdesc::Field& field, int colour) const;
     void ShowValue(ControlSlot& slot, int value);
@@ -119,6 +121,18 @@ private:
     void ShowSwitches();
     void ShowSwitchesOnPagesSharingThem();
     static std::vector<CDescribedPage*>& OpenPages();
+
+    // The register text and the tables (DescribedPageSections.cpp): true for a window of theirs.
+    bool NoteSectionWindow(const chipdesc::PlannedWindow& planned, HWND window);
+    void UpdateRegisterText();
+    void CopyRegisterText();
+    void PasteRegisterText();
+    void LoadTable(std::size_t index);
+    bool OnSectionCommand(UINT code, UINT id);
+    HWND m_registerText = nullptr;
+    int m_copyId = 0;
+    int m_pasteId = 0;
+    std::vector<int> m_tableIds;
 
     std::shared_ptr<const chipdesc::Description> m_description;
     std::vector<ControlSlot> m_slots;

@@ -58,6 +58,8 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         text.replace(text.find(from), from.size(), to);
         return text;
     };
+    const std::string version2 =
+        replace("class = CRegvaneExampleChip", "class = CRegvaneExampleChip\nformat-version = 2");
     const struct {
         std::string text;
         int line;
@@ -106,6 +108,11 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {replace("control = combo", "control = combo\nhost-range = gain"), 16, ErrorCode::BadValue},
         {replace("link = IDS_Link", "link = IDS_Link\nrefresh-reads = record20 record-a"), 4,
          ErrorCode::MissingKey}, // the fields' block is not read
+        // The register text and the tables: format version 2, a format that can be read back, a function.
+        {good + "[register-text]\n", 17, ErrorCode::MissingKey},
+        {version2 + "[register-text]\nline = \"{address} {fields}\"\n", 19, ErrorCode::BadValue},
+        {version2 + "[table t]\nlabel = \"T\"\ncount = 4\n", 18, ErrorCode::MissingKey},
+        {version2 + "[table t]\nfunction = 2 64\n", 19, ErrorCode::BadValue},
         {"[page]\nclass = CRegvaneExampleChip\n", 2, ErrorCode::NoFields},
         {std::string(kGoodPage) + "\nnote = \x01\x02", 18, ErrorCode::NotText},
         {std::string(kGoodPage) + "\n# " + std::string(1200, 'x'), 18, ErrorCode::LineTooLong},
@@ -247,7 +254,10 @@ TEST(ChipDescription, TheGuideDocumentsEveryKeyOfEachSectionAndNoOther) {
     const struct {
         Section section;
         std::string heading;
-    } sections[] = {{Section::Page, "### `[page]`"}, {Section::Field, "### `[field NAME]`"}};
+    } sections[] = {{Section::Page, "### `[page]`"},
+                    {Section::Field, "### `[field NAME]`"},
+                    {Section::RegisterText, "### `[register-text]`"},
+                    {Section::Table, "### `[table NAME]`"}};
     for (const auto& [section, heading] : sections) {
         std::set<std::string> taken;
         for (const Key& key : DescriptionKeys())
