@@ -119,7 +119,7 @@ TEST_F(RegisterText, IsKeptCurrentAndAGoodTextIsWrittenARecordAtATimeAndUndoneBy
     EXPECT_EQ(chip.regData[1], 0x0A);
     EXPECT_EQ(chip.regDataEx[4], 0xC3);
     EXPECT_EQ(SliderPos(page, kDelay), 10);
-    Click(page, kChipCancelButtonId);
+    Click(page, 8571); // Cancel
     EXPECT_EQ(chip.regData, block);
     EXPECT_EQ(chip.regDataEx, recordA);
 }
