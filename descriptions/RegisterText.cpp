@@ -251,7 +251,7 @@ std::string FormatRegisterText(const Description& description,
                                const std::function<std::span<const std::uint8_t>(Source)>& recordBytes) {
     std::vector<Piece> pieces;
     SplitFormat(FormatOf(description), pieces);
-    std::string text = "class " + description.page.className + "\r\n";
+    std::string text = "class " + description.page.className;
     std::optional<Source> read;
     std::span<const std::uint8_t> bytes;
     for (const TextRegister& reg : TextRegisters(description)) {
@@ -260,7 +260,7 @@ std::string FormatRegisterText(const Description& description,
             read = reg.source;
         }
         const std::uint8_t value = reg.address < bytes.size() ? bytes[reg.address] : 0;
-        text += FormatLine(pieces, reg, value) + "\r\n";
+        text += "\r\n" + FormatLine(pieces, reg, value);
     }
     return text;
 }

@@ -35,7 +35,7 @@ std::vector<TextRegister> TextRegisters(const Description& description);
 // two placeholders that cannot be taken for part of the first.
 std::string LineFormatProblem(std::string_view format, bool severalRecords);
 
-// "class NAME", then a line per register; lines end in CR LF, as the clipboard and edits keep them.
+// "class NAME", then a line per register, separated by CR LF as the clipboard and edits keep them.
 std::string FormatRegisterText(const Description& description,
                                const std::function<std::span<const std::uint8_t>(Source)>& recordBytes);
 

@@ -13,7 +13,6 @@ namespace {
 constexpr int kGap = 4;
 constexpr int kLabelHeight = 9;
 constexpr int kTextLine = 8; // a line of the page's font
-constexpr int kVisibleLines = 12;
 constexpr int kScrollBar = 10;
 constexpr int kButtonWidth = 50;
 constexpr int kButtonHeight = 14;
@@ -58,9 +57,9 @@ void PlanSections(const Description& description, const LayoutTexts& texts, Dial
             widest = std::max(widest, Measure(texts, text.substr(start, end - start)));
             start = end + 2;
         }
-        const bool scrolled = lines > kVisibleLines;
+        const bool scrolled = lines > kRegisterTextLines;
         const int width = widest + units.X(8) + (scrolled ? units.X(kScrollBar) : 0);
-        const int height = units.Y(kTextLine) * std::min(lines, kVisibleLines) + units.Y(kGap);
+        const int height = units.Y(kTextLine) * std::min(lines, kRegisterTextLines) + units.Y(6);
         const std::vector<int>& ids = page.registerText->ids;
         auto idOf = [&](std::size_t i) { return ids.empty() ? 0 : ids[i]; };
         y += units.Y(kGap);

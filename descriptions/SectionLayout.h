@@ -9,6 +9,9 @@
 
 namespace chipdesc {
 
+// The register text shows this many lines at most, and scrolls.
+inline constexpr int kRegisterTextLines = 12;
+
 // The ids the description gives these windows.
 std::vector<int> SectionIds(const Description& description);
 

@@ -53,8 +53,7 @@ WindowKind KindOf(Role role, Control control) {
     case Role::TableButton:
         return {L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP};
     case Role::RegisterText:
-        return {L"EDIT", ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_VSCROLL | WS_TABSTOP,
-                WS_EX_CLIENTEDGE};
+        return {L"EDIT", ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE};
     case Role::Control:
         break;
     default:

@@ -4,6 +4,7 @@
 
 #include "descriptions/PackedTable.h"
 #include "descriptions/RegisterText.h"
+#include "descriptions/SectionLayout.h"
 #include "dialogs/common/ChipFunctions.h"
 #include "framework/ModuleInstance.h"
 #include "framework/StdioFileEx.h"
@@ -93,6 +94,9 @@ bool CDescribedPage::NoteSectionWindow(const PlannedWindow& planned, HWND window
     switch (planned.role) {
     case Role::RegisterText:
         m_registerText = window;
+        // A scroll bar only where the layout gave the lines one.
+        if (TextRegisters(*m_description).size() + 1 > static_cast<std::size_t>(kRegisterTextLines))
+            ::ShowScrollBar(window, SB_VERT, TRUE);
         return true;
     case Role::CopyButton:
         m_copyId = planned.id;

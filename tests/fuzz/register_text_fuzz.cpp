@@ -1,13 +1,12 @@
 // A register text pasted from anywhere (another screen, a mail, a chat): any bytes give the writes of a
-// good text or a refusal with its line, never a crash. What a text writes is registers of the page, each
-// once, and formatting those bytes and reading them back gives the same writes.
+// good text or a refusal with its line, never a crash. A good text writes registers of the page, each
+// once: the page's own text of what it wrote reads back as exactly those writes.
 #include "descriptions/RegisterText.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <set>
+#include <map>
 #include <string_view>
 #include <variant>
 
@@ -24,37 +23,37 @@ const chipdesc::Description& Page() {
     return page;
 }
 
+using Writes = std::map<std::pair<chipdesc::Source, int>, int>;
+// Every write of a good text; a register written twice is a fault.
+Writes WritesOf(const std::vector<chipdesc::PastedRecord>& records) {
+    Writes writes;
+    for (const chipdesc::PastedRecord& record : records)
+        for (const auto& [address, value] : record.bytes)
+            if (!writes.emplace(std::pair(record.source, address), value).second)
+                __builtin_trap();
+    return writes;
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const chipdesc::Description& page = Page();
     const auto result =
-        chipdesc::ParseRegisterText(page, std::string_view(reinterpret_cast<const char*>(data), size));
+        chipdesc::ParseRegisterText(Page(), std::string_view(reinterpret_cast<const char*>(data), size));
     const auto* records = std::get_if<std::vector<chipdesc::PastedRecord>>(&result);
     if (!records)
         return std::get<chipdesc::PasteProblem>(result).line < 0 ? (__builtin_trap(), 0) : 0;
-    const std::vector<chipdesc::TextRegister> registers = chipdesc::TextRegisters(page);
+    const Writes writes = WritesOf(*records);
     std::array<std::array<std::uint8_t, 128>, chipdesc::kSourceCount> images{};
-    std::set<std::pair<chipdesc::Source, int>> seen;
-    for (const chipdesc::PastedRecord& record : *records)
-        for (const auto& [address, value] : record.bytes) {
-            const bool known = std::any_of(registers.begin(), registers.end(), [&](const auto& reg) {
-                return reg.source == record.source && reg.address == address;
-            });
-            if (!known || !seen.emplace(record.source, address).second)
-                __builtin_trap();
-            images[static_cast<std::size_t>(record.source)][address] = value;
-        }
-    const std::string again = chipdesc::FormatRegisterText(page, [&](chipdesc::Source source) {
-        return std::span<const std::uint8_t>(images[static_cast<std::size_t>(source)]);
-    });
-    const auto reread = chipdesc::ParseRegisterText(page, again);
-    const auto* all = std::get_if<std::vector<chipdesc::PastedRecord>>(&reread);
-    if (!all)
-        __builtin_trap();
-    for (const chipdesc::PastedRecord& record : *all)
-        for (const auto& [address, value] : record.bytes)
-            if (value != images[static_cast<std::size_t>(record.source)][address])
-                __builtin_trap();
+    for (const auto& [where, value] : writes)
+        images[static_cast<std::size_t>(where.first)][static_cast<std::size_t>(where.second)] =
+            static_cast<std::uint8_t>(value);
+    const auto again = chipdesc::ParseRegisterText(
+        Page(), chipdesc::FormatRegisterText(Page(), [&](chipdesc::Source source) {
+            return std::span<const std::uint8_t>(images[static_cast<std::size_t>(source)]);
+        }));
+    Writes all = WritesOf(std::get<std::vector<chipdesc::PastedRecord>>(again));
+    for (const auto& [where, value] : writes)
+        if (all[where] != value || all.size() != chipdesc::TextRegisters(Page()).size())
+            __builtin_trap();
     return 0;
 }

@@ -224,9 +224,11 @@ TEST(ChipDescription, EveryShippedDescriptionIsValidNamedForItsClassAndTranslate
         }
     }
     EXPECT_GE(count, 3);
-    // The documentation's worked example is a valid description too.
-    ParseResult example = Parse(ReadSourceFile("docs/examples/CRegvaneExampleChip.desc"), IsModuleStringId);
-    EXPECT_TRUE(std::holds_alternative<Description>(example)) << std::get<ParseError>(example).detail;
+    // The documentation's examples are valid descriptions too.
+    for (const char* example : {"CRegvaneExampleChip", "CRegvaneExampleDump"}) {
+        ParseResult parsed = Parse(ReadSourceFile(std::string("docs/examples/") + example + ".desc"), IsModuleStringId);
+        EXPECT_TRUE(std::holds_alternative<Description>(parsed)) << std::get<ParseError>(parsed).detail;
+    }
 }
 
 // The names in backquotes in the first column of the tables under a heading of the guide.

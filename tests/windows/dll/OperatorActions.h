@@ -8,6 +8,7 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -60,6 +61,15 @@ inline void TypeAndLeave(HWND page, int id, const wchar_t* text, int next) {
     PumpMessages();
 }
 
+// A description file in the temporary folder, named after its class.
+inline std::wstring WriteDescription(const char* text, const wchar_t* className = L"CRegvaneDescribedTest") {
+    wchar_t folder[MAX_PATH];
+    GetTempPathW(MAX_PATH, folder);
+    const std::wstring path = std::wstring(folder) + className + L".desc";
+    std::ofstream(path.c_str(), std::ios::binary) << text;
+    return path;
+}
+
 // A host window tree for the pages a test opens, with English loaded. Pages still open when the test
 // ends are closed; a test closes the pages on a chip of its own (CloseAll) before that chip goes.
 class PageTest : public ::testing::Test {
@@ -73,6 +83,14 @@ protected:
     // The page of a chip type as the host opens and shows it; the chip's log starts after the opening.
     HWND Open(int chipType, SimulatedChip* chip, const wchar_t* caption = L"") {
         return Show(RegvaneLibrary::Get().CreateRegvaneHwnd(chipType, chip, caption, host.View()), chip);
+    }
+    // A described page of a description file, as the designer opens it.
+    HWND OpenDescribed(const std::wstring& path, SimulatedChip* chip) {
+        wchar_t problem[512] = {};
+        HWND page = RegvaneLibrary::Get().RegvaneCreateDescribedPage(path.c_str(), chip, L"", host.View(),
+                                                                     problem, 512);
+        EXPECT_NE(page, nullptr) << std::string(problem, problem + wcslen(problem));
+        return Show(page, chip);
     }
     HWND Show(HWND page, SimulatedChip* chip) {
         EXPECT_NE(page, nullptr);

@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 namespace {
 
 const char kTestPage[] = R"([page]
@@ -87,14 +85,6 @@ constexpr int kGain[] = {101, 102, 103};
 constexpr int kGainText[] = {104, 105, 106};
 constexpr int kDelay[] = {108, 109, 110};
 
-std::wstring WriteDescription(const char* text) {
-    wchar_t folder[MAX_PATH];
-    GetTempPathW(MAX_PATH, folder);
-    const std::wstring path = std::wstring(folder) + L"CRegvaneDescribedTest.desc";
-    std::ofstream(path.c_str(), std::ios::binary) << text;
-    return path;
-}
-
 class DescribedPage : public PageTest {
 protected:
     void SetUp() override {
@@ -105,12 +95,7 @@ protected:
         PageTest::TearDown();
         DeleteFileW(path.c_str());
     }
-    void Open() {
-        wchar_t problem[512] = {};
-        page =
-            Show(lib.RegvaneCreateDescribedPage(path.c_str(), &chip, L"", host.View(), problem, 512), &chip);
-        ASSERT_NE(page, nullptr) << std::string(problem, problem + wcslen(problem));
-    }
+    void Open() { page = OpenDescribed(path, &chip); }
 
     RegvaneLibrary& lib = RegvaneLibrary::Get();
     SimulatedChip chip{7, 0};
