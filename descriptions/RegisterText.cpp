@@ -1,5 +1,7 @@
 #include "descriptions/RegisterText.h"
 
+#include "descriptions/ChipDescriptionParser.h"
+
 #include <algorithm>
 #include <array>
 #include <map>
@@ -23,17 +25,8 @@ struct Piece {
     std::string_view literal;
 };
 
-bool IsBlank(char c) {
-    return c == ' ' || c == '\t';
-}
-
-std::string_view TrimBlanks(std::string_view text) {
-    while (!text.empty() && IsBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && IsBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
+using detail::IsSpace;
+using detail::Trim;
 
 // The characters a placeholder's value is made of: it takes as many as the line has in a row.
 bool InSlot(Slot slot, char c) {
@@ -104,7 +97,7 @@ std::string FormatLine(const std::vector<Piece>& pieces, const TextRegister& reg
             break;
         }
     }
-    return std::string(TrimBlanks(line));
+    return std::string(Trim(line));
 }
 
 // What one line gives for each placeholder of the format.
@@ -119,12 +112,12 @@ struct LineValues {
 bool MatchLiteral(std::string_view literal, std::string_view line, std::size_t& at) {
     std::size_t i = 0;
     while (i < literal.size()) {
-        if (IsBlank(literal[i])) {
-            if (at >= line.size() || !IsBlank(line[at]))
+        if (IsSpace(literal[i])) {
+            if (at >= line.size() || !IsSpace(line[at]))
                 return false;
-            while (i < literal.size() && IsBlank(literal[i]))
+            while (i < literal.size() && IsSpace(literal[i]))
                 ++i;
-            while (at < line.size() && IsBlank(line[at]))
+            while (at < line.size() && IsSpace(line[at]))
                 ++at;
             continue;
         }
@@ -285,13 +278,13 @@ PasteResult ParseRegisterText(const Description& description, std::string_view t
         ++number;
         if (!line.empty() && line.back() == '\r')
             line.remove_suffix(1);
-        line = TrimBlanks(line);
+        line = Trim(line);
         if (line.empty())
             continue;
         if (!classSeen) {
-            if (!line.starts_with("class") || line.size() < 7 || !IsBlank(line[5]))
+            if (!line.starts_with("class") || line.size() < 7 || !IsSpace(line[5]))
                 return PasteProblem{PasteError::NoText, number, Excerpt(line)};
-            const std::string_view name = TrimBlanks(line.substr(6));
+            const std::string_view name = Trim(line.substr(6));
             if (name != description.page.className)
                 return PasteProblem{PasteError::OtherClass, number, Excerpt(name)};
             classSeen = true;

@@ -193,8 +193,7 @@ const LayoutPlan& CDescribedPage::Plan(HFONT font) const {
     return cached.plan;
 }
 
-std::unique_ptr<CNumberEdit> CDescribedPage::MakeEdit(const PlannedWindow& planned,
-                                                      const Field* field) const {
+std::unique_ptr<CNumberEdit> CDescribedPage::MakeEdit(const PlannedWindow& planned, const Field* field) const {
     std::unique_ptr<CNumberEdit> edit;
     if (planned.role == Role::Control && field && field->control == Control::Number) {
         // Set up before it takes its window, and the window made with the value the chip held when
@@ -216,8 +215,7 @@ std::unique_ptr<CNumberEdit> CDescribedPage::MakeEdit(const PlannedWindow& plann
     return edit;
 }
 
-void CDescribedPage::AddControlSlot(const PlannedWindow& planned, HWND window,
-                                    std::unique_ptr<CNumberEdit> edit) {
+void CDescribedPage::AddControlSlot(const PlannedWindow& planned, HWND window, std::unique_ptr<CNumberEdit> edit) {
     const Field& field = m_description->fields[static_cast<std::size_t>(planned.field)];
     ControlSlot slot{planned.field, planned.colour, planned.id, window, nullptr, std::move(edit), {}};
     switch (field.control) {

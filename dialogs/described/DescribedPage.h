@@ -68,10 +68,8 @@ private:
     const chipdesc::LayoutPlan& Plan(HFONT font) const;
     void CreateControls();
     // The numeric edit a planned window needs (a number field's, a reference's), or null.
-    std::unique_ptr<CNumberEdit> MakeEdit(const chipdesc::PlannedWindow& planned,
-                                          const chipdesc::Field* field) const;
-    void AddControlSlot(const chipdesc::PlannedWindow& planned, HWND window,
-                        std::unique_ptr<CNumberEdit> edit);
+    std::unique_ptr<CNumberEdit> MakeEdit(const chipdesc::PlannedWindow& planned, const chipdesc::Field* field) const;
+    void AddControlSlot(const chipdesc::PlannedWindow& planned, HWND window, std::unique_ptr<CNumberEdit> edit);
     // What the chip held for a field when the page opened, where the snapshot has it.
     int SnapshotValue(const chipdesc::Field& field, int colour) const;
     void ShowValue(ControlSlot& slot, int value);

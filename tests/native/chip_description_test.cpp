@@ -226,7 +226,8 @@ TEST(ChipDescription, EveryShippedDescriptionIsValidNamedForItsClassAndTranslate
     EXPECT_GE(count, 3);
     // The documentation's examples are valid descriptions too.
     for (const char* example : {"CRegvaneExampleChip", "CRegvaneExampleDump"}) {
-        ParseResult parsed = Parse(ReadSourceFile(std::string("docs/examples/") + example + ".desc"), IsModuleStringId);
+        ParseResult parsed =
+            Parse(ReadSourceFile(std::string("docs/examples/") + example + ".desc"), IsModuleStringId);
         EXPECT_TRUE(std::holds_alternative<Description>(parsed)) << std::get<ParseError>(parsed).detail;
     }
 }

@@ -65,8 +65,7 @@ TEST_F(Factory, ACallFromAnotherThreadForADeadParentOrFromAFailingHostGetsNoPage
     EXPECT_EQ(fromOtherThread, nullptr);
     EXPECT_TRUE(chip.CallNames().empty());
 
-    HWND gone =
-        CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 1, 1, host.View(), nullptr, nullptr, nullptr);
+    HWND gone = CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 1, 1, host.View(), nullptr, nullptr, nullptr);
     DestroyWindow(gone);
     EXPECT_EQ(lib.CreateRegvaneHwnd(47, &chip, L"", gone), nullptr);
     EXPECT_TRUE(chip.CallNames().empty());
