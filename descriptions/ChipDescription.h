@@ -189,9 +189,38 @@ struct Page {
     std::vector<TableSpec> tables;
 };
 
+// What a page button does.
+enum class Action : std::uint8_t {
+    GoToPage, // asks the host's frame for one of its pages
+    Reread,   // fills the page from the chip, as the host's "read the chip again" does
+    Defaults, // writes every field's default
+    Export,   // the parameter file of the page class's table, as its parameter-table page writes it
+    Import,
+    Function, // calls an entry of one of the host's chip-function tables
+};
+// What a chip function is handed: nothing, a field's value, or a pointer to a record as read.
+enum class Argument : std::uint8_t { None, Value, Record };
+
+struct Button {
+    std::string name;
+    int line = 0; // of its section header
+    Item label;
+    int id = 0; // 0: automatic
+    Action action = Action::GoToPage;
+    int page = 0;  // GoToPage
+    int table = 1; // Function: 1, 2 or 3, the host's GetFunctionTable, GetFunctionTable2, GetFunctionTable3
+    int entry = 0;
+    Argument argument = Argument::None;
+    int field = -1; // Value: the field's index
+    Source record = Source::Block;
+};
+// The page numbers a button may ask for.
+inline constexpr int kMaxHostPage = 255;
+
 struct Description {
     Page page;
     std::vector<Field> fields;
+    std::vector<Button> buttons; // in the order of the page's row of buttons
 
     // The records the fields read (not host values), in Source order.
     std::vector<Source> RecordsInUse() const;
@@ -222,8 +251,10 @@ enum class ErrorCode : std::uint8_t {
     DuplicateName,
     DuplicateId,
     NoFields,
+    OutOfRange,
+    NoParamTable,
 };
-inline constexpr std::size_t kErrorCodeCount = 19;
+inline constexpr std::size_t kErrorCodeCount = 21;
 
 struct ParseError {
     int line = 0;

@@ -274,6 +274,9 @@ bool Parser::CheckIds() {
                 if (!claim(id, draft.LineOf(key)))
                     return false;
     }
+    for (const ButtonDraft& draft : m_buttons)
+        if (!claim(draft.button.id, draft.LineOf("id")))
+            return false;
     return true;
 }
 

@@ -209,6 +209,8 @@ template <class Owner, class T> T& Into(KeyValue& v, T Owner::*member) {
         return v.page.tables.back().*member;
     else if constexpr (std::is_same_v<Owner, Field>)
         return v.draft->field.*member;
+    else if constexpr (std::is_same_v<Owner, Button>)
+        return v.button->button.*member;
     else
         return v.draft->*member;
 }
@@ -433,8 +435,9 @@ constexpr std::pair<std::string_view, int> kValueBits[] = {{"8", 8}, {"16", 16},
 
 constexpr Section P = Section::Page;
 constexpr Section F = Section::Field;
-constexpr Section T = Section::RegisterText;
-constexpr Section B = Section::Table;
+constexpr Section B = Section::Button;
+constexpr Section Txt = Section::RegisterText;
+constexpr Section Tab = Section::Table;
 
 // A new key is a row here and one in docs/chip-descriptions.md (a test compares the two), and a check
 // in ChipDescriptionChecks.cpp when it depends on other keys.
@@ -490,15 +493,21 @@ constexpr Key kKeys[] = {
     {"on-fill", F, Word<&Field::onFill, kOnFill>, "what each fill from the chip writes into the field"},
     {"show-if", F, Name<&FieldDraft::showIfName>, "the field whose non-zero value shows this one"},
 
-    {"line", T, ReadLineFormat, "the format of each register's line"},
-    {"records", T, Records<&RegisterTextSpec::records, false, true>, "the records the text shows, in order"},
-    {"ids", T, Ids<&RegisterTextSpec::ids>, "the text's, Copy's and Paste's control ids"},
+    {"label", B, Text<&Button::label>, "the button's text"},
+    {"action", B, ReadAction, "what the button does"},
+    {"argument", B, ReadArgument, "what a chip function is handed: a field's value or a record"},
+    {"id", B, Id<&Button::id>, "the button's control id"},
 
-    {"label", B, Text<&TableSpec::label>, "the text before the table's Load button"},
-    {"values", B, Word<&TableSpec::valueBits, kValueBits>, "the bits of each value"},
-    {"count", B, ReadTableCount, "how many values the table takes"},
-    {"function", B, ReadChipFunction, "the chip function the packed table goes to"},
-    {"id", B, Id<&TableSpec::id>, "the Load button's control id"},
+    {"line", Txt, ReadLineFormat, "the format of each register's line"},
+    {"records", Txt, Records<&RegisterTextSpec::records, false, true>,
+     "the records the text shows, in order"},
+    {"ids", Txt, Ids<&RegisterTextSpec::ids>, "the text's, Copy's and Paste's control ids"},
+
+    {"label", Tab, Text<&TableSpec::label>, "the text before the table's Load button"},
+    {"values", Tab, Word<&TableSpec::valueBits, kValueBits>, "the bits of each value"},
+    {"count", Tab, ReadTableCount, "how many values the table takes"},
+    {"function", Tab, ReadChipFunction, "the chip function the packed table goes to"},
+    {"id", Tab, Id<&TableSpec::id>, "the Load button's control id"},
 };
 
 } // namespace

@@ -72,7 +72,7 @@ ParseResult Parser::Run(std::string_view text) {
         return *m_error;
     for (FieldDraft& draft : m_drafts)
         m_description.fields.push_back(std::move(draft.field));
-    if (!CheckRefreshReads())
+    if (!CheckRefreshReads() || !FinishButtons())
         return *m_error;
     CompleteChangeTest();
     if (!FinishSectionsOfVersion2())
@@ -127,9 +127,10 @@ bool Parser::Line(int number, std::string_view line) {
         return Fail(number, ErrorCode::BadValue, key);
     if (!m_section)
         return Fail(number, ErrorCode::Syntax, line);
-    auto& keyLines = *m_section == Section::Page    ? m_page.keyLines
-                     : *m_section == Section::Field ? m_drafts.back().keyLines
-                                                    : SectionKeyLines();
+    auto& keyLines = *m_section == Section::Page     ? m_page.keyLines
+                     : *m_section == Section::Field  ? m_drafts.back().keyLines
+                     : *m_section == Section::Button ? m_buttons.back().keyLines
+                                                     : SectionKeyLines();
     if (keyLines.count(key))
         return Fail(number, ErrorCode::DuplicateKey, key);
     keyLines.emplace(std::string(key), number);
@@ -159,6 +160,8 @@ bool Parser::Header(int number, std::string_view name) {
         m_section = Section::Field;
         return true;
     }
+    if (name.substr(0, 7) == "button " || name.substr(0, 7) == "button\t")
+        return ButtonHeader(number, Trim(name.substr(7)));
     if (IsSectionOfVersion2(name))
         return SectionHeader(number, name);
     return Fail(number, ErrorCode::UnknownSection, name);
@@ -167,6 +170,8 @@ bool Parser::Header(int number, std::string_view name) {
 bool Parser::KeyLine(int number, std::string_view key, std::string_view value) {
     FieldDraft* draft = *m_section == Section::Field ? &m_drafts.back() : nullptr;
     KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error};
+    if (*m_section == Section::Button)
+        keyValue.button = &m_buttons.back();
     if (!SplitWords(value, keyValue.words))
         return Fail(number, ErrorCode::BadValue, value);
     const Key* found = FindKey(*m_section, key);

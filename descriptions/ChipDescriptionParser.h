@@ -59,6 +59,18 @@ struct PageDraft {
     }
 };
 
+// What a button's keys said, until the fields it names are known.
+struct ButtonDraft {
+    Button button;
+    std::map<std::string, int, std::less<>> keyLines;
+    std::string fieldName; // of the value handed to a function
+
+    int LineOf(std::string_view key) const {
+        const auto found = keyLines.find(key);
+        return found != keyLines.end() ? found->second : button.line;
+    }
+};
+
 // One "key = value" line, while its value is read into the page or the field being read.
 struct KeyValue {
     int line = 0;
@@ -68,6 +80,7 @@ struct KeyValue {
     FieldDraft* draft; // null in [page]
     const KnownStringId& known;
     std::optional<ParseError>& error;
+    ButtonDraft* button = nullptr; // in [button NAME]
 
     bool Fail(std::string_view detail, ErrorCode code = ErrorCode::BadValue) {
         return Refuse(error, line, code, detail);
@@ -78,6 +91,10 @@ struct KeyValue {
     // A control id.
     bool Id(std::string_view word, int& out);
 };
+
+// A button's action and its function's argument (DescriptionButtons.cpp).
+bool ReadAction(KeyValue& value);
+bool ReadArgument(KeyValue& value);
 
 class Parser {
 public:
@@ -111,6 +128,10 @@ private:
     bool CheckIds();
     bool CheckRefreshReads();
     void CompleteChangeTest();
+    // The page's buttons (DescriptionButtons.cpp): a section header, then what each asks for.
+    bool ButtonHeader(int number, std::string_view name);
+    bool FinishButtons();
+    bool FinishButton(ButtonDraft& draft);
 
     // The register text and the tables (DescriptionSections.cpp).
     static bool IsSectionOfVersion2(std::string_view name);
@@ -126,6 +147,7 @@ private:
     bool m_havePage = false;
     PageDraft m_page;
     std::vector<FieldDraft> m_drafts;
+    std::vector<ButtonDraft> m_buttons;
     PageDraft m_textDraft;
     std::vector<PageDraft> m_tableDrafts;
     int m_lastLine = 1;

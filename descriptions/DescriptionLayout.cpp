@@ -55,6 +55,8 @@ public:
             m_usedIds.insert(field.labelId);
             m_usedIds.insert(field.currentSwitchId);
         }
+        for (const Button& button : description.buttons)
+            m_usedIds.insert(button.id);
         for (const int id : SectionIds(description))
             m_usedIds.insert(id);
         m_usedIds.insert(description.page.linkId);
@@ -109,8 +111,14 @@ private:
     void AddFieldRow(int row, const Columns& columns, int y);
     // The switch and the three rows of a field's output-current read-out, from y down.
     void AddCurrentRows(int row, const Field& field, const Columns& columns, int& y);
+    // The description's buttons from y down, in rows from labelX to right (or a little further).
+    void AddPageButtons(int labelX, int right, int& y);
     // Default, OK and Cancel from y down; Cancel ends at right or further.
     void AddButtons(int labelX, int right, int& y);
+    // At least the templates' button width, wider where a translation needs it.
+    int ButtonWidth(const std::wstring& text) const {
+        return std::max(X(kButtonWidth), Measure(text) + X(10));
+    }
     int RightEdge() const;
     int IdOr(const std::vector<int>& ids, int colour) {
         return ids.empty() ? NextId() : ids[static_cast<std::size_t>(colour)];
@@ -230,6 +238,7 @@ LayoutPlan Planner::Plan() {
     PlanSections(
         m_description, m_texts, m_units, columns.labelX, RightEdge(), y,
         [this](int id) { return id ? id : NextId(); }, m_plan.windows);
+    AddPageButtons(columns.labelX, RightEdge(), y);
     AddButtons(columns.labelX, RightEdge(), y);
     // Group boxes go first: behind their rows, and out of the tab order.
     const int boxRight = RightEdge() + columns.indent;
@@ -352,12 +361,10 @@ void Planner::AddButtons(int labelX, int right, int& y) {
         return;
     y += Y(4);
     const int bottom = y + Y(kButtonHeight);
-    // At least the templates' button width, wider where a translation needs it.
-    auto widthOf = [&](const std::wstring& text) { return std::max(X(kButtonWidth), Measure(text) + X(10)); };
     int left = labelX;
     if (page.defaultButton) {
         const std::wstring text = Translate("IDS_Default");
-        const int width = widthOf(text);
+        const int width = ButtonWidth(text);
         Add(Role::DefaultButton, -1, -1, page.defaultId ? page.defaultId : kDefaultButtonId, text,
             {left, y, left + width, bottom});
         left += width + X(4);
@@ -365,8 +372,8 @@ void Planner::AddButtons(int labelX, int right, int& y) {
     if (page.okCancel) {
         const std::wstring okText = Translate("IDS_OK");
         const std::wstring cancelText = Translate("IDS_Cancel");
-        const int okWidth = widthOf(okText);
-        const int cancelWidth = widthOf(cancelText);
+        const int okWidth = ButtonWidth(okText);
+        const int cancelWidth = ButtonWidth(cancelText);
         const int cancelRight =
             std::max({right, labelX + 3 * X(kButtonWidth), left + okWidth + X(4) + cancelWidth});
         const int cancelLeft = cancelRight - cancelWidth;
@@ -375,6 +382,28 @@ void Planner::AddButtons(int labelX, int right, int& y) {
         Add(Role::CancelButton, -1, -1, kCancelButtonId, cancelText, {cancelLeft, y, cancelRight, bottom});
     }
     y = bottom;
+}
+
+void Planner::AddPageButtons(int labelX, int right, int& y) {
+    const std::vector<Button>& buttons = m_description.buttons;
+    if (buttons.empty())
+        return;
+    right = std::max(right, labelX + 3 * X(kButtonWidth) + 2 * X(4));
+    y += Y(4);
+    int left = labelX;
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        const std::wstring text = ItemText(buttons[i].label, m_texts);
+        const int width = ButtonWidth(text);
+        if (left > labelX && left + width > right) { // on to the next row
+            left = labelX;
+            y += Y(kButtonHeight) + Y(4);
+        }
+        Add(Role::PageButton, -1, -1, buttons[i].id ? buttons[i].id : NextId(), text,
+            {left, y, left + width, y + Y(kButtonHeight)});
+        m_plan.windows.back().button = static_cast<int>(i);
+        left += width + X(4);
+    }
+    y += Y(kButtonHeight);
 }
 
 int Planner::RightEdge() const {

@@ -36,11 +36,12 @@ enum class Role : std::uint8_t {
     Reference,
     Fraction,
     Current,
+    PageButton, // one of the description's buttons
     DefaultButton,
     OkButton,
     CancelButton,
     // The register text and its Copy and Paste buttons; a table's Load button (after its Label, both
-    // with the table's index as their colour).
+    // with the table's index as their button).
     RegisterText,
     CopyButton,
     PasteButton,
@@ -54,7 +55,8 @@ struct PlannedWindow {
                      // Fraction, Current
     int id = 0;      // 0: the window needs no id
     std::wstring text;
-    Rect rect; // pixels in the page; a combo box's includes its drop-down list
+    Rect rect;       // pixels in the page; a combo box's includes its drop-down list
+    int button = -1; // PageButton: the button's index; TableButton and its Label: the table's
 };
 
 struct LayoutPlan {

@@ -39,10 +39,11 @@ void PlanSections(const Description& description, const LayoutTexts& texts, Dial
                   int right, int& y, const std::function<int(int id)>& idOr,
                   std::vector<PlannedWindow>& windows) {
     const Page& page = description.page;
-    auto button = [&](Role role, int colour, int id, const char* textId, int x) {
+    auto button = [&](Role role, int table, int id, const char* textId, int x) {
         const std::wstring text = Translate(texts, textId);
         const int width = std::max(units.X(kButtonWidth), Measure(texts, text) + units.X(10));
-        windows.push_back({role, -1, colour, idOr(id), text, {x, y, x + width, y + units.Y(kButtonHeight)}});
+        windows.push_back(
+            {role, -1, -1, idOr(id), text, {x, y, x + width, y + units.Y(kButtonHeight)}, table});
         return x + width + units.X(kGap);
     };
     if (page.registerText) {
@@ -63,12 +64,8 @@ void PlanSections(const Description& description, const LayoutTexts& texts, Dial
         const std::vector<int>& ids = page.registerText->ids;
         auto idOf = [&](std::size_t i) { return ids.empty() ? 0 : ids[i]; };
         y += units.Y(kGap);
-        windows.push_back({Role::RegisterText,
-                           -1,
-                           -1,
-                           idOr(idOf(0)),
-                           {},
-                           {left, y, std::max(right, left + width), y + height}});
+        const Rect textRect{left, y, std::max(right, left + width), y + height};
+        windows.push_back({Role::RegisterText, -1, -1, idOr(idOf(0)), {}, textRect, -1});
         y += height + units.Y(kGap);
         const int x = button(Role::CopyButton, -1, idOf(1), "IDS_RegisterText_Copy", left);
         button(Role::PasteButton, -1, idOf(2), "IDS_RegisterText_Paste", x);
@@ -78,17 +75,12 @@ void PlanSections(const Description& description, const LayoutTexts& texts, Dial
     for (const TableSpec& table : page.tables)
         labelWidth = std::max(labelWidth, Measure(texts, ItemText(table.label, texts)));
     for (std::size_t i = 0; i < page.tables.size(); ++i) {
-        const int colour = static_cast<int>(i);
+        const int table = static_cast<int>(i);
         y += units.Y(kGap);
         const int labelTop = y + (units.Y(kButtonHeight) - units.Y(kLabelHeight)) / 2;
-        windows.push_back({Role::Label,
-                           -1,
-                           colour,
-                           0,
-                           ItemText(page.tables[i].label, texts),
-                           {left, labelTop, left + labelWidth, labelTop + units.Y(kLabelHeight)}});
-        button(Role::TableButton, colour, page.tables[i].id, "IDS_Table_Load",
-               left + labelWidth + units.X(6));
+        const Rect labelRect{left, labelTop, left + labelWidth, labelTop + units.Y(kLabelHeight)};
+        windows.push_back({Role::Label, -1, -1, 0, ItemText(page.tables[i].label, texts), labelRect, table});
+        button(Role::TableButton, table, page.tables[i].id, "IDS_Table_Load", left + labelWidth + units.X(6));
         y += units.Y(kButtonHeight);
     }
 }

@@ -1,8 +1,6 @@
 #include "paramfiles/ParamTablePage.h"
 
 #include "dialogs/chips/ParamTablePageList.h"
-#include "framework/ModuleInstance.h"
-#include "framework/UIEx.h"
 #include "module/ModuleState.h"
 #include "paramfiles/ParamFileDialog.h"
 
@@ -23,39 +21,11 @@ constexpr wchar_t kSharedSection[] = L"ParamTablePage";
 constexpr int kRowNumberColumnWidth = 48;
 constexpr int kFieldColumnWidth = 72;
 
-std::unique_ptr<RegisterParamTable> MakeTable(ParamTableKind kind, IRegvane* chip) {
-    if (!chip)
-        return nullptr;
-    switch (kind) {
-    case ParamTableKind::Cns7363:
-        return std::make_unique<Cns7363ParamTable>(chip);
-    case ParamTableKind::Mbi5292:
-        return std::make_unique<Mbi5292ParamTable>(chip);
-    default:
-        return std::make_unique<ChipParamTable>(chip);
-    }
-}
-
-// The button stays disabled while its operation runs, and is enabled again however it ends.
-class DisabledWhileRunning {
-public:
-    DisabledWhileRunning(const CDialog& page, int id) : m_page(page), m_id(id) {
-        m_page.EnableItem(m_id, false);
-    }
-    ~DisabledWhileRunning() { m_page.EnableItem(m_id, true); }
-    DisabledWhileRunning(const DisabledWhileRunning&) = delete;
-    DisabledWhileRunning& operator=(const DisabledWhileRunning&) = delete;
-
-private:
-    const CDialog& m_page;
-    int m_id;
-};
-
 } // namespace
 
 CParamTablePage::CParamTablePage(UINT templateId, IRegvane* chip, HWND parent, const wchar_t* caption,
                                  ParamTableKind kind)
-    : CParamTablePage(templateId, chip, parent, caption, kind, MakeTable(kind, chip)) {}
+    : CParamTablePage(templateId, chip, parent, caption, kind, MakeParamTable(kind, chip)) {}
 
 // The table runs the change test; the block is still read as the page opens, as hosts have seen.
 CParamTablePage::CParamTablePage(UINT templateId, IRegvane* chip, HWND parent, const wchar_t* caption,
@@ -123,41 +93,11 @@ void CParamTablePage::RestoreSnapshot() {
         m_table->RestoreSnapshot();
 }
 
-ParamFileResult CParamTablePage::ExportParameterFile(const std::wstring& path) {
-    return m_table ? m_table->Export(path) : kParamFileFailed;
-}
-
-ParamFileResult CParamTablePage::ImportParameterFile(const std::wstring& path) {
-    if (!m_table)
-        return kParamFileFailed;
-    const ParamImportResult imported = m_table->Import(path);
-    m_lastImportStatus = imported.status;
-    if (imported.result >= 0)
-        NotifyIfChanged();
-    return imported.result;
-}
-
 void CParamTablePage::OnBnClickedExport() {
-    const DisabledWhileRunning busy(*this, kExportButtonId);
-    const std::wstring defaultName = m_table ? m_table->DefaultFileName() : std::wstring();
-    std::wstring path;
-    if (!AskExportPath(m_hWnd, defaultName, path))
-        return;
-    const ParamFileResult result = ExportParameterFile(path);
-    MsgBox(m_hWnd, Tr(result >= 0 ? L"IDS_Export_Success" : L"IDS_Export_Failed"), ApplicationName(),
-           MB_ICONINFORMATION);
+    ExportAsked(*this, kExportButtonId, m_table.get());
 }
 
 void CParamTablePage::OnBnClickedImport() {
-    const DisabledWhileRunning busy(*this, kImportButtonId);
-    std::wstring path;
-    if (!AskImportPath(m_hWnd, path))
-        return;
-    const ParamFileResult result = ImportParameterFile(path);
-    if (m_kind == ParamTableKind::Mbi5292 && m_lastImportStatus == ParamReadStatus::WrongTag)
-        MsgBox(m_hWnd, Tr(L"IDS_FILE_TAG_ERROR"), ApplicationName(), MB_ICONERROR);
-    else
-        MsgBox(m_hWnd, Tr(result >= 0 ? L"IDS_Import_Success" : L"IDS_Import_Failed"), ApplicationName(),
-               MB_ICONINFORMATION);
-    RefreshFromChip();
+    if (ImportAsked(*this, kImportButtonId, m_kind, m_table.get(), [this] { NotifyIfChanged(); }))
+        RefreshFromChip();
 }

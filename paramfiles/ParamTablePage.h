@@ -10,18 +10,10 @@
 #include <memory>
 #include <string>
 
-enum class ParamTableKind { Chip, Cns7363, Mbi5292 };
-
 class CParamTablePage : public CChipDialog {
 public:
     CParamTablePage(UINT templateId, IRegvane* chip, HWND parent, const wchar_t* caption,
                     ParamTableKind kind);
-
-    // 0 on success, 0x80004005 when the file cannot be written.
-    ParamFileResult ExportParameterFile(const std::wstring& path);
-    // 0 on success (the table went to the host and the change test ran), 0x80004005 when the file
-    // cannot be opened or is not the chip's.
-    ParamFileResult ImportParameterFile(const std::wstring& path);
 
 protected:
     // A page on a table of the caller's making: benchmarks show tables longer than any chip's.
@@ -45,5 +37,4 @@ private:
     std::unique_ptr<RegisterParamTable> m_table; // null without a host
     // The table as the list shows it: the list asks for the cells it draws.
     CVirtualList m_list{[this](int row, int column, std::wstring& text) { CellText(row, column, text); }};
-    ParamReadStatus m_lastImportStatus = ParamReadStatus::Ok;
 };

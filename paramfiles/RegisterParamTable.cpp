@@ -1,5 +1,7 @@
 #include "paramfiles/RegisterParamTable.h"
 
+#include "dialogs/chips/ParamTablePageList.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -279,4 +281,26 @@ void Mbi5292ParamTable::LoadFromChip() {
 
 void Mbi5292ParamTable::StoreToChip() {
     StoreToLargeRecord(Chip(), Block(), kRows * kMbi5292Fields);
+}
+
+std::optional<ParamTableKind> ParamTableKindOf(std::string_view className) {
+#define REGVANE_PARAM_TABLE_KIND(ClassName, templateId, table, chipName)                                     \
+    if (className == #ClassName)                                                                             \
+        return ParamTableKind::table;
+    REGVANE_PARAM_TABLE_PAGES(REGVANE_PARAM_TABLE_KIND)
+#undef REGVANE_PARAM_TABLE_KIND
+    return std::nullopt;
+}
+
+std::unique_ptr<RegisterParamTable> MakeParamTable(ParamTableKind kind, IRegvane* chip) {
+    if (!chip)
+        return nullptr;
+    switch (kind) {
+    case ParamTableKind::Cns7363:
+        return std::make_unique<Cns7363ParamTable>(chip);
+    case ParamTableKind::Mbi5292:
+        return std::make_unique<Mbi5292ParamTable>(chip);
+    default:
+        return std::make_unique<ChipParamTable>(chip);
+    }
 }

@@ -10,9 +10,11 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // The four register records a table-driven chip keeps in the host.
@@ -175,6 +177,13 @@ protected:
     void StoreToChip() override;
     ParamFileLayout Layout() override;
 };
+
+// Which table a parameter-table page edits.
+enum class ParamTableKind { Chip, Cns7363, Mbi5292 };
+// The table of a page class that has one (dialogs/chips/ParamTablePageList.h); nothing for another.
+std::optional<ParamTableKind> ParamTableKindOf(std::string_view className);
+// A table of that kind on the chip; null without a chip.
+std::unique_ptr<RegisterParamTable> MakeParamTable(ParamTableKind kind, IRegvane* chip);
 
 // The filter of the parameter files' save and open dialogs, in the host suite's bar-separated form.
 inline constexpr wchar_t kParamFileFilter[] = L"(*.csv)|*.csv|All Files (*.*)|*.*||";

@@ -110,6 +110,7 @@ PageSession::Opened PageSession::OpenDescription(const std::wstring& path, HWND 
     } else {
         SetUpChip(entry ? entry->chipType : 0, entry ? entry->subType : 0, entry ? store : nullptr, reset,
                   opened);
+        m_chip->OfferDesignerFunctions();
         m_describedClass = className;
     }
     m_page =

@@ -93,11 +93,17 @@ void SimulatedChip::OfferChipFunctions() {
     g_functionHost = this;
 }
 
+void SimulatedChip::OfferDesignerFunctions() {
+    OfferChipFunctions();
+    functionTable3 = {};
+    failingFunction = {2, 0};
+}
+
 int SimulatedChip::CallChipFunction(int table, std::size_t index, std::intptr_t a, std::intptr_t b,
                                     std::intptr_t c) {
     static const char* const kNames[] = {"FunctionTable", "FunctionTable2", "FunctionTable3"};
     Record(kNames[std::clamp(table, 1, 3) - 1], {static_cast<std::int64_t>(index), a, b, c});
-    return functionResult;
+    return failingFunction == std::pair{table, index} ? 1 : functionResult;
 }
 
 void SimulatedChip::Record(std::string name, std::vector<std::int64_t> args, const std::uint8_t* bytes,

@@ -10,6 +10,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 struct HostCall {
@@ -57,6 +58,11 @@ public:
     // functionResult. The entries are plain function pointers with no room for the chip, so the
     // calls go to the chip that offered its functions last.
     void OfferChipFunctions();
+    // The one entry that fails whatever functionResult says: table (1, 2 or 3; 0 for none) and index.
+    std::pair<int, std::size_t> failingFunction{0, 0};
+    // What the designer's host offers, so a description's function buttons can be tried: every entry of
+    // tables 1 and 2, none of table 3, and entry 0 of table 2 fails.
+    void OfferDesignerFunctions();
     // The host side of one function-table entry; table is 1, 2 or 3.
     int CallChipFunction(int table, std::size_t index, std::intptr_t a, std::intptr_t b, std::intptr_t c);
 

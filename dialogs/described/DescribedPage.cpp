@@ -9,6 +9,7 @@
 #include "framework/TextEncoding.h"
 #include "framework/UIEx.h"
 #include "module/ModuleState.h"
+#include "paramfiles/RegisterParamTable.h"
 
 #include <commctrl.h>
 
@@ -45,6 +46,7 @@ WindowKind KindOf(Role role, Control control) {
         return {L"BUTTON", BS_AUTOCHECKBOX | WS_TABSTOP};
     case Role::Reference:
         return {L"EDIT", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE};
+    case Role::PageButton:
     case Role::DefaultButton:
     case Role::OkButton:
     case Role::CancelButton:
@@ -79,7 +81,8 @@ CDescribedPage::CDescribedPage(std::shared_ptr<const chipdesc::Description> desc
                   description->page.title == Title::Caption ? caption : nullptr,
                   std::vector<CoveredRecord>(description->page.changeTest.begin(),
                                              description->page.changeTest.end())),
-      m_description(std::move(description)), m_currentField(m_description->CurrentField()) {
+      m_description(std::move(description)), m_paramTable(ParamTableFor(*m_description, chip)),
+      m_currentField(m_description->CurrentField()) {
     OpenPages().push_back(this);
     m_pageSettings.reference.fill(kReferenceDefault);
 }
@@ -105,7 +108,7 @@ void CDescribedPage::WriteSource(Source source, Bytes& bytes) const {
 }
 
 int CDescribedPage::ReportChange() {
-    return Changes().NotifyIfChanged(m_description->page.notice == Notice::Either);
+    return Changes().Notify(ChipDiffersFromSnapshot(), m_description->page.notice == Notice::Either);
 }
 
 CDescribedPage::ClassSettings& CDescribedPage::Settings() const {
@@ -278,6 +281,9 @@ void CDescribedPage::CreateControls() {
         switch (planned.role) {
         case Role::CurrentSwitch:
             m_currentSwitchId = planned.id;
+            continue;
+        case Role::PageButton:
+            m_buttonIds.emplace_back(planned.id, planned.button);
             continue;
         case Role::Reference:
             edit->SubclassWindow(window);
@@ -692,6 +698,8 @@ bool CDescribedPage::OnCommand(UINT code, UINT id, HWND control) {
         WriteDefaults();
         return true;
     }
+    if (code == BN_CLICKED && OnPageButton(id))
+        return true;
     if (ControlSlot* slot = SlotWithId(id)) {
         const Control kind = FieldOf(*slot).control;
         if ((kind == Control::Combo && code == CBN_SELCHANGE) ||

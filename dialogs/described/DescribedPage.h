@@ -16,6 +16,7 @@
 #include <vector>
 
 class CNumberEdit;
+class RegisterParamTable;
 
 class CDescribedPage : public CChipDialog {
 public:
@@ -40,6 +41,8 @@ protected:
     bool OnHScroll(UINT code, UINT position, HWND scrollBar) override;
     void OnNumberEditChanged(UINT id, HWND edit) override;
     void ApplyHostRanges() override;
+    bool ChipDiffersFromSnapshot() override;
+    void RestoreSnapshot() override;
 
 private:
     using Bytes = std::array<std::uint8_t, kLargestHostRecord>;
@@ -106,6 +109,13 @@ private:
     void UpdateCurrentGroup();
     void UpdateCurrent(int colour);
 
+    // The description's buttons (DescribedButtons.cpp). False: no such button.
+    bool OnPageButton(UINT id);
+    void CallChipFunction(const chipdesc::Button& button);
+    // The table of the page class, for descriptions with an export or import button.
+    static std::unique_ptr<RegisterParamTable> ParamTableFor(const chipdesc::Description& description,
+                                                             IRegvane* chip);
+
     // Kept per page class for the life of the module: a reopened page starts with the operator's
     // last choices, and a page of another class keeps its own.
     struct ClassSettings {
@@ -133,6 +143,8 @@ private:
     std::vector<int> m_tableIds;
 
     std::shared_ptr<const chipdesc::Description> m_description;
+    std::unique_ptr<RegisterParamTable> m_paramTable; // its snapshot is part of the change test
+    std::vector<std::pair<int, int>> m_buttonIds;     // a button's control id, its index
     std::vector<ControlSlot> m_slots;
     std::vector<std::vector<HWND>> m_fieldWindows; // label, controls and read-outs of each field
     int m_linkId = 0;

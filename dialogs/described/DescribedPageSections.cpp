@@ -5,7 +5,7 @@
 #include "descriptions/PackedTable.h"
 #include "descriptions/RegisterText.h"
 #include "descriptions/SectionLayout.h"
-#include "dialogs/common/ChipFunctions.h"
+#include "dialogs/common/ChipTables.h"
 #include "framework/ModuleInstance.h"
 #include "framework/StdioFileEx.h"
 #include "framework/TextEncoding.h"
@@ -105,11 +105,11 @@ bool CDescribedPage::NoteSectionWindow(const PlannedWindow& planned, HWND window
         m_pasteId = planned.id;
         return true;
     case Role::TableButton:
-        m_tableIds.resize(std::max(m_tableIds.size(), static_cast<std::size_t>(planned.colour) + 1));
-        m_tableIds[static_cast<std::size_t>(planned.colour)] = planned.id;
+        m_tableIds.resize(std::max(m_tableIds.size(), static_cast<std::size_t>(planned.button) + 1));
+        m_tableIds[static_cast<std::size_t>(planned.button)] = planned.id;
         return true;
     default:
-        return planned.role == Role::Label && planned.field < 0 && planned.colour >= 0;
+        return planned.role == Role::Label && planned.button >= 0;
     }
 }
 
@@ -184,7 +184,7 @@ void CDescribedPage::LoadTable(std::size_t index) {
         message = Tr(L"IDS_Table_NotOffered");
         break;
     case TableOutcome::Kind::Failed:
-        message = ReplaceAll(Tr(L"IDS_Table_Failed"), L"{code}", std::to_wstring(outcome.code));
+        message = Tr(L"IDS_Table_Failed");
         break;
     case TableOutcome::Kind::Sent:
         message = ReplaceAll(Tr(L"IDS_Table_Sent"), L"{size}", std::to_wstring(outcome.packedBytes));

@@ -60,6 +60,9 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
     };
     const std::string version2 =
         replace("class = CRegvaneExampleChip", "class = CRegvaneExampleChip\nformat-version = 2");
+    auto button = [&](const std::string& action) {
+        return good + "[button b]\nlabel = IDS_B\naction = " + action + "\n";
+    };
     const struct {
         std::string text;
         int line;
@@ -117,6 +120,18 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {std::string(kGoodPage) + "\nnote = \x01\x02", 18, ErrorCode::NotText},
         {std::string(kGoodPage) + "\n# " + std::string(1200, 'x'), 18, ErrorCode::LineTooLong},
         {std::string(kMaxDescriptionBytes + 1, '#'), 1, ErrorCode::TooLarge},
+        // Buttons: an action the page can do, on what the page has.
+        {button("jump 3"), 19, ErrorCode::BadValue},
+        {button("page 256"), 19, ErrorCode::OutOfRange},
+        {button("function 2 64"), 19, ErrorCode::OutOfRange},
+        {button("export"), 19, ErrorCode::NoParamTable},
+        {button("defaults"), 19, ErrorCode::MissingKey},
+        {button("function 1 93\nargument = value speed"), 20, ErrorCode::UnknownField},
+        {button("function 1 93\nargument = value gain"), 20, ErrorCode::BadValue}, // a value per colour
+        {button("reread\nid = 7\n[button c]\nlabel = IDS_C\naction = reread\nid = 7"), 24,
+         ErrorCode::DuplicateId},
+        {button("reread\n[button b]"), 20, ErrorCode::DuplicateKey},
+        {std::string(kGoodPage) + "[button b]\nlabel = IDS_B\n", 17, ErrorCode::MissingKey},
     };
     for (const auto& bad : cases) {
         const ParseError error = ErrorOf(bad.text);
@@ -225,11 +240,11 @@ TEST(ChipDescription, EveryShippedDescriptionIsValidNamedForItsClassAndTranslate
     }
     EXPECT_GE(count, 3);
     // The documentation's examples are valid descriptions too.
-    for (const char* example : {"CRegvaneExampleChip", "CRegvaneExampleDump"}) {
-        ParseResult parsed =
-            Parse(ReadSourceFile(std::string("docs/examples/") + example + ".desc"), IsModuleStringId);
-        EXPECT_TRUE(std::holds_alternative<Description>(parsed)) << std::get<ParseError>(parsed).detail;
-    }
+    for (const auto& entry :
+         std::filesystem::directory_iterator(std::filesystem::path(REGVANE_SOURCE_DIR) / "docs" / "examples"))
+        if (entry.path().extension() == ".desc") // beside them, a table file for one of them
+            Parsed(ReadSourceFile("docs/examples/" + entry.path().filename().string()), IsModuleStringId,
+                   entry.path().filename().string());
 }
 
 // The names in backquotes in the first column of the tables under a heading of the guide.
@@ -259,6 +274,7 @@ TEST(ChipDescription, TheGuideDocumentsEveryKeyOfEachSectionAndNoOther) {
         std::string heading;
     } sections[] = {{Section::Page, "### `[page]`"},
                     {Section::Field, "### `[field NAME]`"},
+                    {Section::Button, "### `[button NAME]`"},
                     {Section::RegisterText, "### `[register-text]`"},
                     {Section::Table, "### `[table NAME]`"}};
     for (const auto& [section, heading] : sections) {

@@ -1,7 +1,7 @@
 // Tables packed for a chip: a file that fits reaches the chip function as the block zlib itself unpacks
 // to the table's bytes, followed by the send sequence; a file that cannot be used or does not fit
 // reaches nothing.
-#include "dialogs/common/ChipFunctions.h"
+#include "dialogs/common/ChipTables.h"
 #include "workbench/SimulatedChip.h"
 
 #include <zlib.h>

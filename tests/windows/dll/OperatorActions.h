@@ -61,11 +61,11 @@ inline void TypeAndLeave(HWND page, int id, const wchar_t* text, int next) {
     PumpMessages();
 }
 
-// A description file in the temporary folder, named after its class.
-inline std::wstring WriteDescription(const char* text, const wchar_t* className = L"CRegvaneDescribedTest") {
+// A description file in the temporary folder, as a test's page opens it.
+inline std::wstring WriteDescription(const std::wstring& name, const std::string& text) {
     wchar_t folder[MAX_PATH];
     GetTempPathW(MAX_PATH, folder);
-    const std::wstring path = std::wstring(folder) + className + L".desc";
+    const std::wstring path = std::wstring(folder) + name;
     std::ofstream(path.c_str(), std::ios::binary) << text;
     return path;
 }
@@ -84,7 +84,7 @@ protected:
     HWND Open(int chipType, SimulatedChip* chip, const wchar_t* caption = L"") {
         return Show(RegvaneLibrary::Get().CreateRegvaneHwnd(chipType, chip, caption, host.View()), chip);
     }
-    // A described page of a description file, as the designer opens it.
+    // The page a description file renders, as the designer opens it.
     HWND OpenDescribed(const std::wstring& path, SimulatedChip* chip) {
         wchar_t problem[512] = {};
         HWND page = RegvaneLibrary::Get().RegvaneCreateDescribedPage(path.c_str(), chip, L"", host.View(),

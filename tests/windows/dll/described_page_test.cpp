@@ -89,7 +89,7 @@ class DescribedPage : public PageTest {
 protected:
     void SetUp() override {
         PageTest::SetUp();
-        path = WriteDescription(kTestPage);
+        path = WriteDescription(L"CRegvaneDescribedTest.desc", kTestPage);
     }
     void TearDown() override {
         PageTest::TearDown();
@@ -215,7 +215,7 @@ TEST_F(DescribedPage, AFileThatCannotBeUsedGivesNoPageAndSaysWhere) {
     std::string broken = kTestPage;
     broken.replace(broken.find("bits = 14[1]"), 12, "bits = 15[7]"); // line 66: the refresh mode's bit
     DeleteFileW(path.c_str());
-    path = WriteDescription(broken.c_str());
+    path = WriteDescription(L"CRegvaneDescribedTest.desc", broken);
     // What RegvaneCheckDescription says is held by the workbench designer's tests, which call it.
     wchar_t problem[512] = {};
     EXPECT_EQ(lib.RegvaneCreateDescribedPage(path.c_str(), &chip, L"", host.View(), problem, 512), nullptr);

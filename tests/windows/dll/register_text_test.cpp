@@ -44,7 +44,7 @@ class RegisterText : public PageTest {
 protected:
     void SetUp() override {
         PageTest::SetUp();
-        path = WriteDescription(kTextPage, L"CRegvaneTextTest");
+        path = WriteDescription(L"CRegvaneTextTest.desc", kTextPage);
         chip.regData[1] = 0x07;
         chip.regDataEx[4] = 0x3C;
         page = OpenDescribed(path, &chip);
