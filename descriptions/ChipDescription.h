@@ -103,6 +103,7 @@ struct Field {
     std::optional<int> defaultValue;
     Control control = Control::None;
     std::vector<Item> items;
+    std::vector<int> itemCodes; // the value each item stands for, in the items' order
     double step = 1;
     Item unit;
     std::string readout;
@@ -120,13 +121,16 @@ struct Field {
     Item group;      // consecutive fields of one group share a box titled with it
     int showIf = -1; // index of the field whose non-zero value shows this one
 
+    Item help;             // shown over the row's label and controls
+    bool readOnly = false; // shown, never written: a status bit, a chip revision
+
     int Width() const;
     // Controls this field has on the page: one per colour for Separate and Linked, else one.
     int ControlCount() const {
         return colours == Colours::Separate || colours == Colours::Linked ? kColourCount : 1;
     }
     bool Editable() const {
-        return control != Control::None && !IsHostValue(source) && onFill != OnFill::HostCount;
+        return control != Control::None && !IsHostValue(source) && onFill != OnFill::HostCount && !readOnly;
     }
 };
 
@@ -138,6 +142,9 @@ enum class Notice : std::uint8_t {
     Always, // MarkModified when the chip differs from the snapshot, then UpdateHostState(1, 1) always
     Either, // MarkModified when it differs, otherwise UpdateHostState(1, 1)
 };
+
+// The newest description format this module reads; a file states its own with format-version.
+inline constexpr int kFormatVersion = 2;
 
 // A read-only text of the page's registers, one byte a line, that the operator copies and pastes back
 // (descriptions/RegisterText.h).
@@ -253,8 +260,9 @@ enum class ErrorCode : std::uint8_t {
     NoFields,
     OutOfRange,
     NoParamTable,
+    NewerFormat,
 };
-inline constexpr std::size_t kErrorCodeCount = 21;
+inline constexpr std::size_t kErrorCodeCount = 22;
 
 struct ParseError {
     int line = 0;
@@ -283,6 +291,11 @@ int Decode(const Field& field, int stored);
 int Encode(const Field& field, int shown);
 // The values a field can show, lowest and highest, before any range of its own.
 std::pair<int, int> CodableRange(const Field& field);
+// The combo item standing for a value, or -1: a code the chip holds that no item names, which the
+// page shows as its number and never writes.
+int ItemOf(const Field& field, int value);
+// Every bit of the field, in every copy, taken from `from` into `into`.
+void CopyFieldBits(const Field& field, std::span<const std::uint8_t> from, std::span<std::uint8_t> into);
 
 // Colour 0 stands for the field when it has one position.
 int ReadValue(const Field& field, std::span<const std::uint8_t> record, int colour);

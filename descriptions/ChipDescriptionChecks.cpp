@@ -34,7 +34,8 @@ bool Parser::FinishField(FieldDraft& draft) {
         return Fail(field.line, ErrorCode::MissingKey, "label");
     const bool placed =
         IsHostValue(field.source) ? FinishHostValue(draft) : PlaceBits(draft) && CheckBits(draft);
-    return placed && FitRange(draft) && CheckKeysAgree(draft) && CheckCurrentKeys(draft);
+    return placed && FitRange(draft) && CheckKeysAgree(draft) && CheckCurrentKeys(draft) &&
+           CheckReadOnly(draft);
 }
 
 // A value the host reports has no bits, one value, and a range of its own.
@@ -109,14 +110,16 @@ bool Parser::FitRange(FieldDraft& draft) {
     const auto [low, high] =
         IsHostValue(field.source) ? std::pair{field.minimum, field.maximum} : CodableRange(field);
     switch (field.control) {
-    case Control::Combo:
+    case Control::Combo: {
         if (field.items.empty())
             return Fail(field.line, ErrorCode::MissingKey, "items");
-        if (low != 0 || static_cast<int>(field.items.size()) - 1 > high)
+        const auto [lowest, highest] = std::minmax_element(field.itemCodes.begin(), field.itemCodes.end());
+        if (*lowest < low || *highest > high)
             return Fail(draft.LineOf("items"), ErrorCode::ItemsDoNotFit, std::to_string(field.Width()));
-        field.minimum = 0;
-        field.maximum = static_cast<int>(field.items.size()) - 1;
+        field.minimum = *lowest;
+        field.maximum = *highest;
         return true;
+    }
     case Control::Check:
         if (low != 0 || high < 1)
             return Fail(draft.LineOf("bits"), ErrorCode::RangeDoesNotFit, "0..1");
@@ -124,6 +127,8 @@ bool Parser::FitRange(FieldDraft& draft) {
         field.maximum = 1;
         return true;
     case Control::Hex:
+        if (field.readOnly) // shown in as many digits as it takes
+            break;
         if (field.Width() != 8 || field.coding != Coding::Plain)
             return Fail(draft.LineOf("bits"), ErrorCode::RangeDoesNotFit, "0..255");
         field.minimum = 0;
@@ -152,6 +157,8 @@ bool Parser::CheckKeysAgree(FieldDraft& draft) {
         return Fail(draft.LineOf("default"), ErrorCode::RangeDoesNotFit, std::to_string(*field.defaultValue));
     if (field.defaultValue && !field.Editable())
         return Fail(draft.LineOf("default"), ErrorCode::BadValue, "default");
+    if (field.defaultValue && field.control == Control::Combo && ItemOf(field, *field.defaultValue) < 0)
+        return Fail(draft.LineOf("default"), ErrorCode::RangeDoesNotFit, std::to_string(*field.defaultValue));
     const std::size_t controls = static_cast<std::size_t>(field.ControlCount());
     if (draft.Has("ids") && (field.ids.size() != controls || field.control == Control::None))
         return Fail(draft.LineOf("ids"), ErrorCode::BadValue, "ids");
@@ -185,6 +192,21 @@ bool Parser::CheckCurrentKeys(FieldDraft& draft) {
     for (const auto& [key, ids] : CurrentIdLists(field))
         if (!ids->empty() && ids->size() != kColourCount)
             return Fail(draft.LineOf(key), ErrorCode::BadValue, key);
+    return true;
+}
+
+// A value the page only shows, as a number, hex digits, an item's text or a lamp: nothing may write
+// it (a default, a host range and a current read-out are refused as for any value not edited).
+bool Parser::CheckReadOnly(FieldDraft& draft) {
+    const Field& field = draft.field;
+    if (!field.readOnly)
+        return true;
+    if (field.control == Control::Slider || field.control == Control::None)
+        return Fail(draft.LineOf("access"), ErrorCode::BadValue, "read-only");
+    if (field.colours == Colours::Linked)
+        return Fail(draft.LineOf("colours"), ErrorCode::BadValue, "linked");
+    if (draft.Has("on-fill"))
+        return Fail(draft.LineOf("on-fill"), ErrorCode::BadValue, "on-fill");
     return true;
 }
 

@@ -96,7 +96,8 @@ bool SplitWords(std::string_view text, std::vector<std::string_view>& words) {
             if (close == std::string_view::npos)
                 return false;
             i = close + 1;
-            if (i < text.size() && !IsSpace(text[i]))
+            // A comma may follow: it separates the entries of a list of items with codes.
+            if (i < text.size() && !IsSpace(text[i]) && text[i] != ',')
                 return false;
         } else {
             while (i < text.size() && !IsSpace(text[i]))
@@ -105,6 +106,22 @@ bool SplitWords(std::string_view text, std::vector<std::string_view>& words) {
         words.push_back(text.substr(start, i - start));
     }
     return true;
+}
+
+std::vector<std::string_view> SplitOutsideQuotes(std::string_view text, char separator) {
+    std::vector<std::string_view> parts;
+    bool quoted = false;
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '"')
+            quoted = !quoted;
+        else if (text[i] == separator && !quoted) {
+            parts.push_back(text.substr(start, i - start));
+            start = i + 1;
+        }
+    }
+    parts.push_back(text.substr(start));
+    return parts;
 }
 
 bool IsQuoted(std::string_view word) {
@@ -242,12 +259,32 @@ template <auto member> bool Text(KeyValue& v) {
     return v.Text(v.value, Into(v, member));
 }
 
-template <auto member> bool Texts(KeyValue& v) {
-    for (std::string_view word : v.words) {
+// Texts in value order from 0 ("IDS_A IDS_B"), or each after its value, in any order and with gaps
+// ("0 "Off", 2 "Slow", 3 "Fast"").
+template <auto items, auto codes> bool Items(KeyValue& v) {
+    int code = 0;
+    if (!ParseInt(v.words[0], code)) {
+        for (std::string_view word : v.words) {
+            Item item;
+            if (!v.Text(word, item))
+                return false;
+            Into(v, codes).push_back(static_cast<int>(Into(v, items).size()));
+            Into(v, items).push_back(std::move(item));
+        }
+        return true;
+    }
+    std::vector<std::string_view> words;
+    for (std::string_view entry : SplitOutsideQuotes(v.value, ',')) {
         Item item;
-        if (!v.Text(word, item))
+        if (!SplitWords(Trim(entry), words) || words.size() != 2 || !ParseInt(words[0], code))
+            return v.Fail(Trim(entry).empty() ? v.value : Trim(entry));
+        if (!v.Text(words[1], item))
             return false;
-        Into(v, member).push_back(std::move(item));
+        std::vector<int>& taken = Into(v, codes);
+        if (std::find(taken.begin(), taken.end(), code) != taken.end())
+            return v.Fail(words[0], ErrorCode::DuplicateKey);
+        taken.push_back(code);
+        Into(v, items).push_back(std::move(item));
     }
     return true;
 }
@@ -428,6 +465,7 @@ constexpr std::pair<std::string_view, Control> kControls[] = {
     {"none", Control::None},   {"slider", Control::Slider}, {"check", Control::Check},
     {"combo", Control::Combo}, {"number", Control::Number}, {"hex", Control::Hex}};
 constexpr std::pair<std::string_view, std::string_view> kHostRanges[] = {{"gain", "gain"}};
+constexpr std::pair<std::string_view, bool> kAccess[] = {{"read-write", false}, {"read-only", true}};
 constexpr std::pair<std::string_view, OnFill> kOnFill[] = {{"rewrite", OnFill::Rewrite},
                                                            {"count", OnFill::HostCount}};
 
@@ -459,8 +497,8 @@ constexpr Key kKeys[] = {
     {"switches", P, Word<&Page::switchesPerClass, kSwitchesPerClass>,
      "switches kept for the class or the page"},
     {"buttons", P, Flags<kButtons>, "the page's Default, OK and Cancel buttons"},
-    {"format-version", P, Number<&Page::formatVersion, 1, 2>,
-     "the version of the format the file is written in"},
+    {"format-version", P, Number<&Page::formatVersion, 1, kFormatVersion>,
+     "the format version the description is written for"},
 
     {"label", F, Text<&Field::label>, "the row's text"},
     {"label-id", F, Id<&Field::labelId>, "the label's control id"},
@@ -477,7 +515,8 @@ constexpr Key kKeys[] = {
      "the range the host gives, within the field's or as given"},
     {"default", F, Number<&Field::defaultValue>, "what the Default button writes"},
     {"control", F, Word<&Field::control, kControls>, "the control that edits the field"},
-    {"items", F, Texts<&Field::items>, "the combo's items, in value order"},
+    {"items", F, Items<&Field::items, &Field::itemCodes>,
+     "the combo's items, in value order or with their values"},
     {"step", F, Step<&Field::step>, "the numeric edit's step"},
     {"unit", F, Text<&Field::unit>, "the unit shown after the number"},
     {"readout", F, Routine<&Field::readout, IsReadout>, "the read-out routine shown next to each control"},
@@ -492,6 +531,8 @@ constexpr Key kKeys[] = {
     {"group", F, Text<&Field::group>, "the title of the box around consecutive fields of a group"},
     {"on-fill", F, Word<&Field::onFill, kOnFill>, "what each fill from the chip writes into the field"},
     {"show-if", F, Name<&FieldDraft::showIfName>, "the field whose non-zero value shows this one"},
+    {"help", F, Text<&Field::help>, "the help shown over the row's label and controls"},
+    {"access", F, Word<&Field::readOnly, kAccess>, "read-write, or read-only: shown and never written"},
 
     {"label", B, Text<&Button::label>, "the button's text"},
     {"action", B, ReadAction, "what the button does"},

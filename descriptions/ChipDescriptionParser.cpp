@@ -3,6 +3,7 @@
 #include "descriptions/ChipDescriptionParser.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace chipdesc {
 
@@ -55,6 +56,17 @@ std::size_t FirstNonText(std::string_view text) {
     return std::string_view::npos;
 }
 
+// The format version a "format-version = N" line states.
+std::optional<int> StatedVersion(std::string_view line) {
+    line = Trim(StripTrailingComment(Trim(line)));
+    const std::size_t equals = line.find('=');
+    int version = 0;
+    if (equals == std::string_view::npos || Trim(line.substr(0, equals)) != "format-version" ||
+        !ParseInt(Trim(line.substr(equals + 1)), version))
+        return std::nullopt;
+    return version;
+}
+
 int LineOfOffset(std::string_view text, std::size_t offset) {
     return 1 + static_cast<int>(
                    std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(offset), '\n'));
@@ -89,16 +101,25 @@ bool Parser::ReadText(std::string_view text) {
         return Fail(LineOfOffset(text, bad), ErrorCode::NotText, "");
     int number = 0;
     std::size_t start = 0;
-    while (start < text.size() && !m_error) {
+    while (start < text.size()) {
         const std::size_t end = std::min(text.find('\n', start), text.size());
         std::string_view line = text.substr(start, end - start);
         if (!line.empty() && line.back() == '\r')
             line.remove_suffix(1);
         ++number;
-        if (line.size() > kMaxLineChars)
-            return Fail(number, ErrorCode::LineTooLong, std::to_string(line.size()));
-        Line(number, line);
         start = end + 1;
+        // A newer file is refused for that alone, wherever it says so: its newer keys and values
+        // would otherwise read as mistakes.
+        if (const auto version = StatedVersion(line); version && *version > kFormatVersion) {
+            m_error = ParseError{number, ErrorCode::NewerFormat, std::to_string(*version)};
+            return false;
+        }
+        if (m_error)
+            continue;
+        if (line.size() > kMaxLineChars)
+            Fail(number, ErrorCode::LineTooLong, std::to_string(line.size()));
+        else
+            Line(number, line);
     }
     m_lastLine = std::max(1, number);
     return !m_error;

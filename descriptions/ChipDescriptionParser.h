@@ -29,6 +29,8 @@ bool IsName(std::string_view text);
 // not closed or not followed by a blank.
 bool SplitWords(std::string_view text, std::vector<std::string_view>& words);
 bool IsQuoted(std::string_view word);
+// The parts between separators that are not inside a "quoted text".
+std::vector<std::string_view> SplitOutsideQuotes(std::string_view text, char separator);
 // One colour's bits: runs, most significant first, each "BYTE[MSB:LSB]" or several joined by '='.
 bool ParsePosition(std::string_view text, Position& position);
 
@@ -122,6 +124,7 @@ private:
     bool FitRange(FieldDraft& draft);
     bool CheckKeysAgree(FieldDraft& draft);
     bool CheckCurrentKeys(FieldDraft& draft);
+    bool CheckReadOnly(FieldDraft& draft);
     bool ConnectFields();
     bool CheckPageKeys();
     bool CheckOverlaps();

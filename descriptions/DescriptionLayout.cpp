@@ -336,9 +336,10 @@ void Planner::AddFieldRow(int row, const Columns& columns, int y) {
         const int x = field.ControlCount() == kColourCount ? columns.X(colour) : columns.first;
         const int id = IdOr(field.ids, colour);
         Rect rect{x, controlTop, x + width, controlTop + height};
-        if (field.control == Control::Combo) // the drop-down list hangs below the box
+        // A value only shown is a box of text: no list, no spin buttons.
+        if (field.control == Control::Combo && !field.readOnly) // the drop-down list hangs below the box
             rect.bottom += Y(10) * std::min<int>(static_cast<int>(field.items.size()), 12) + Y(4);
-        if (field.control == Control::Number) { // the spin buttons take the right end
+        if (field.control == Control::Number && !field.readOnly) { // the spin buttons take the right end
             rect.right -= X(kSpinWidth);
             Add(Role::Control, row, colour, id, {}, rect);
             Add(Role::Spin, row, colour, 0, {},

@@ -93,5 +93,8 @@ LayoutPlan PlanLayout(const Description& description, const LayoutTexts& texts, 
 
 // The text of an item, a unit or a label: translated unless written literally.
 std::wstring ItemText(const Item& item, const LayoutTexts& texts);
+// A value as a field shows it in text: its item's text (a code no item names as its number), hex
+// digits, or the number and its unit.
+std::wstring ValueText(const Field& field, int value, const LayoutTexts& texts);
 
 } // namespace chipdesc

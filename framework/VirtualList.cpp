@@ -3,14 +3,22 @@
 #include <algorithm>
 #include <string_view>
 
-void CVirtualList::AddColumn(const std::wstring& title, int minimumWidth) const {
+void CVirtualList::AddColumns(const std::vector<Column>& columns) const {
+    // Each column would lay the list and its header out again.
+    SendMessage(WM_SETREDRAW, FALSE);
+    for (const Column& column : columns)
+        AddColumn(column);
+    SendMessage(WM_SETREDRAW, TRUE);
+}
+
+void CVirtualList::AddColumn(const Column& added) const {
     HWND header = ListView_GetHeader(m_hWnd);
     const int margins = header ? 2 * Header_GetBitmapMargin(header) : 0;
     LVCOLUMNW column{};
     column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
     column.fmt = LVCFMT_LEFT;
-    column.cx = std::max(minimumWidth, ListView_GetStringWidth(m_hWnd, title.c_str()) + margins);
-    column.pszText = const_cast<wchar_t*>(title.c_str());
+    column.cx = std::max(added.minimumWidth, ListView_GetStringWidth(m_hWnd, added.title.c_str()) + margins);
+    column.pszText = const_cast<wchar_t*>(added.title.c_str());
     SendMessage(LVM_INSERTCOLUMNW, static_cast<WPARAM>(ColumnCount()), reinterpret_cast<LPARAM>(&column));
 }
 
@@ -21,8 +29,23 @@ int CVirtualList::ColumnCount() const {
 
 void CVirtualList::SetRowCount(int rows) const {
     // A new count lays the list out again and redraws its scroll bar: only when it changes.
-    if (rows != RowCount())
-        SendMessage(LVM_SETITEMCOUNT, static_cast<WPARAM>(std::max(rows, 0)), LVSICF_NOSCROLL);
+    if (rows == RowCount())
+        return;
+    SendMessage(LVM_SETITEMCOUNT, static_cast<WPARAM>(std::max(rows, 0)), LVSICF_NOSCROLL);
+    if (!IsWindowVisible())
+        SettleLayout();
+}
+
+void CVirtualList::SettleLayout() const {
+    // Wine's list measures its rows and adds its scroll bar at its first paint: on a shown page
+    // that lays the list and its header out again and paints them twice. A paint into an empty
+    // clip does the measuring now, while nothing shows; elsewhere it draws nothing.
+    HDC dc = ::CreateCompatibleDC(nullptr);
+    if (!dc)
+        return;
+    ::IntersectClipRect(dc, 0, 0, 0, 0);
+    SendMessage(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
+    ::DeleteDC(dc);
 }
 
 int CVirtualList::RowCount() const {
@@ -30,6 +53,9 @@ int CVirtualList::RowCount() const {
 }
 
 void CVirtualList::Refresh() const {
+    // A hidden list is drawn whole when it shows.
+    if (!IsWindowVisible())
+        return;
     // The rows in view, the last one partly in view included; the header and scroll bar stay.
     const int top = static_cast<int>(SendMessage(LVM_GETTOPINDEX));
     const int inView = static_cast<int>(SendMessage(LVM_GETCOUNTPERPAGE));

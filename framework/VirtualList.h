@@ -4,7 +4,7 @@
 // messages to OnNotify.
 //
 //   CVirtualList m_list{[this](int row, int column, std::wstring& text) { text = ...; }};
-//   m_list.Attach(GetItem(kListId));  m_list.AddColumn(L"Addr", 72);  m_list.SetRowCount(rows);
+//   m_list.Attach(GetItem(kListId));  m_list.AddColumns({{L"Addr", 72}, ...});  m_list.SetRowCount(rows);
 //   bool OnNotify(NMHDR* header, LRESULT& result) override { return m_list.OnNotify(header, result); }
 #pragma once
 
@@ -14,6 +14,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 class CVirtualList : public CWnd {
 public:
@@ -22,24 +23,33 @@ public:
 
     explicit CVirtualList(CellText cellText) : m_cellText(std::move(cellText)) {}
 
-    // A column after the others, at least wide enough for its title between the header's margins:
-    // a title, translated or not, is never cut short to "...".
-    void AddColumn(const std::wstring& title, int minimumWidth) const;
+    struct Column {
+        std::wstring title;
+        int minimumWidth;
+    };
+    // Columns after the others, each at least wide enough for its title between the header's
+    // margins (a title, translated or not, is never cut short to "..."); laid out once for all.
+    void AddColumns(const std::vector<Column>& columns) const;
     int ColumnCount() const;
 
     // Selection, focus and scroll position stay where the rows they are on still exist.
     void SetRowCount(int rows) const;
     int RowCount() const;
-    // Draws the rows in view again with their current texts; nothing is rebuilt.
+    // Draws the rows in view again with their current texts; nothing is rebuilt. A hidden list
+    // has nothing to redraw.
     void Refresh() const;
 
     // The list's notifications from the parent's WM_NOTIFY; true when this list answered one: the
     // texts of cells, and finding a row by the start of its first cell's text (typing in the list).
     bool OnNotify(const NMHDR* header, LRESULT& result);
 
-private:
-    int FindRow(const NMLVFINDITEMW& find);
+    // One cell's text as the list shows it, valid until the next call.
     const std::wstring& Text(int row, int column);
+
+private:
+    void AddColumn(const Column& column) const;
+    void SettleLayout() const;
+    int FindRow(const NMLVFINDITEMW& find);
 
     CellText m_cellText;
     std::wstring m_text;

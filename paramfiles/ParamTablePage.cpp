@@ -8,6 +8,8 @@
 
 #include <span>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -38,11 +40,13 @@ void CParamTablePage::OnInitControls() {
     m_list.Attach(GetItem(kListId));
     m_list.SendMessage(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES,
                        LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
+    std::vector<CVirtualList::Column> columns;
     if (!m_table || !m_table->HasAddressColumn())
-        m_list.AddColumn(Tr(L"IDS_ParamTable_Row"), kRowNumberColumnWidth);
+        columns.push_back({Tr(L"IDS_ParamTable_Row"), kRowNumberColumnWidth});
     if (m_table)
-        for (const std::wstring& title : m_table->ColumnTitles())
-            m_list.AddColumn(title, kFieldColumnWidth);
+        for (std::wstring& title : m_table->ColumnTitles())
+            columns.push_back({std::move(title), kFieldColumnWidth});
+    m_list.AddColumns(columns);
 }
 
 void CParamTablePage::RefreshFromChip() {

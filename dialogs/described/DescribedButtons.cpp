@@ -31,7 +31,7 @@ bool CDescribedPage::ChipDiffersFromSnapshot() {
 void CDescribedPage::RestoreSnapshot() {
     if (m_paramTable)
         m_paramTable->RestoreSnapshot();
-    CChipDialog::RestoreSnapshot();
+    RestoreRecords();
 }
 
 bool CDescribedPage::OnPageButton(UINT id) {

@@ -37,7 +37,8 @@ struct WindowKind {
     DWORD exStyle = 0;
 };
 
-WindowKind KindOf(Role role, Control control) {
+WindowKind KindOf(Role role, const Field* field) {
+    const Control control = field ? field->control : Control::None;
     switch (role) {
     case Role::GroupBox:
         return {L"BUTTON", BS_GROUPBOX};
@@ -58,9 +59,13 @@ WindowKind KindOf(Role role, Control control) {
         return {L"EDIT", ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE};
     case Role::Control:
         break;
-    default:
-        return {L"STATIC", SS_LEFT | SS_NOPREFIX};
+    default: // a field's texts take the pointer, for its help
+        return {L"STATIC", SS_LEFT | SS_NOPREFIX | (field && !field->help.text.empty() ? SS_NOTIFY : 0u)};
     }
+    if (field->readOnly) // a lamp, or text the operator can read and copy but not change
+        return control == Control::Check
+                   ? WindowKind{L"BUTTON", BS_RADIOBUTTON}
+                   : WindowKind{L"EDIT", ES_READONLY | ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE};
     switch (control) {
     case Control::Slider:
         return {TRACKBAR_CLASSW, TBS_HORZ | TBS_BOTTOM | TBS_NOTICKS | WS_TABSTOP};
@@ -156,8 +161,9 @@ void CDescribedPage::OnInitControls() {
             std::find(fillReads.begin(), fillReads.end(), field.source) == fillReads.end())
             ShowHostValue(field.source);
     for (ControlSlot& slot : m_slots)
-        if (!FieldOf(slot).Editable())
+        if (!FieldOf(slot).Editable() && !FieldOf(slot).readOnly)
             ::EnableWindow(slot.window, FALSE);
+    AddHelp();
 }
 
 // The layout of a description in the language and the font in use. Measuring every text is most of
@@ -198,7 +204,7 @@ const LayoutPlan& CDescribedPage::Plan(HFONT font) const {
 
 std::unique_ptr<CNumberEdit> CDescribedPage::MakeEdit(const PlannedWindow& planned, const Field* field) const {
     std::unique_ptr<CNumberEdit> edit;
-    if (planned.role == Role::Control && field && field->control == Control::Number) {
+    if (planned.role == Role::Control && field && field->control == Control::Number && !field->readOnly) {
         // Set up before it takes its window, and the window made with the value the chip held when
         // the page opened: the edit then needs no new text until the chip changes.
         LayoutTexts texts;
@@ -221,7 +227,7 @@ std::unique_ptr<CNumberEdit> CDescribedPage::MakeEdit(const PlannedWindow& plann
 void CDescribedPage::AddControlSlot(const PlannedWindow& planned, HWND window, std::unique_ptr<CNumberEdit> edit) {
     const Field& field = m_description->fields[static_cast<std::size_t>(planned.field)];
     ControlSlot slot{planned.field, planned.colour, planned.id, window, nullptr, std::move(edit), {}};
-    switch (field.control) {
+    switch (field.readOnly ? Control::None : field.control) {
     case Control::Slider:
         ::SendMessageW(window, TBM_SETRANGEMIN, FALSE, field.minimum);
         ::SendMessageW(window, TBM_SETRANGEMAX, TRUE, field.maximum);
@@ -258,10 +264,9 @@ void CDescribedPage::CreateControls() {
             continue;
         }
         const Field* field = planned.field >= 0 ? &fields[static_cast<std::size_t>(planned.field)] : nullptr;
-        const Control control = field ? field->control : Control::None;
         std::unique_ptr<CNumberEdit> edit = MakeEdit(planned, field);
         const std::wstring text = edit ? edit->Format(edit->GetValue()) : planned.text;
-        const WindowKind kind = KindOf(planned.role, control);
+        const WindowKind kind = KindOf(planned.role, field);
         // As the dialog manager makes a template's controls: they do not notify the page of their
         // creation and destruction.
         HWND window = ::CreateWindowExW(kind.exStyle | WS_EX_NOPARENTNOTIFY, kind.windowClass, text.c_str(),
@@ -317,6 +322,10 @@ int CDescribedPage::SnapshotValue(const chipdesc::Field& field, int colour) cons
 }
 
 void CDescribedPage::ShowValue(ControlSlot& slot, int value) {
+    if (FieldOf(slot).readOnly) {
+        ShowReadOnlyValue(slot, value);
+        return;
+    }
     switch (FieldOf(slot).control) {
     case Control::Slider:
         ::SendMessageW(slot.window, TBM_SETPOS, TRUE, value);
@@ -325,7 +334,7 @@ void CDescribedPage::ShowValue(ControlSlot& slot, int value) {
         ::SendMessageW(slot.window, BM_SETCHECK, value ? BST_CHECKED : BST_UNCHECKED, 0);
         break;
     case Control::Combo:
-        ::SendMessageW(slot.window, CB_SETCURSEL, static_cast<WPARAM>(value), 0);
+        ShowItem(slot, value);
         break;
     case Control::Number:
         // An edit that holds the value already is left alone (and so is what an operator is typing
@@ -349,7 +358,7 @@ int CDescribedPage::ControlValue(const ControlSlot& slot) const {
     case Control::Check:
         return ::SendMessageW(slot.window, BM_GETCHECK, 0, 0) == BST_CHECKED ? 1 : 0;
     case Control::Combo:
-        return static_cast<int>(::SendMessageW(slot.window, CB_GETCURSEL, 0, 0));
+        return ItemValue(slot);
     case Control::Number:
         return slot.edit->GetValueInt();
     default:
@@ -527,7 +536,8 @@ void CDescribedPage::ChangeField(int fieldIndex, const std::array<int, kColourCo
 
 void CDescribedPage::OnControlChanged(ControlSlot& slot) {
     const Field& field = FieldOf(slot);
-    if (!CanWrite() || !field.Editable())
+    // A code no item names stays as the chip holds it until the operator picks an item.
+    if (!CanWrite() || !field.Editable() || (field.control == Control::Combo && ShowsUnnamedValue(slot)))
         return;
     std::array<int, kColourCount> values{};
     std::array<bool, kColourCount> touched{};
@@ -542,7 +552,9 @@ void CDescribedPage::OnControlChanged(ControlSlot& slot) {
             if (linked && &other != &slot)
                 ShowValue(other, value);
             values[static_cast<std::size_t>(other.colour)] = linked || &other == &slot ? value : other.value;
-            touched[static_cast<std::size_t>(other.colour)] = true;
+            touched[static_cast<std::size_t>(other.colour)] = linked || &other == &slot ||
+                                                              field.control != Control::Combo ||
+                                                              ItemOf(field, other.value) >= 0;
         }
     } else {
         values[static_cast<std::size_t>(slot.colour)] = value;
@@ -553,7 +565,7 @@ void CDescribedPage::OnControlChanged(ControlSlot& slot) {
 
 void CDescribedPage::OnHexEdited(ControlSlot& slot) {
     // Focus may move while the page is being built; nothing the operator typed is pending then.
-    if (!CanWrite())
+    if (!CanWrite() || !FieldOf(slot).Editable())
         return;
     const std::wstring typed = CWnd(slot.window).GetWindowText();
     const std::optional<std::uint8_t> value = ParseRawByte(typed);
@@ -570,8 +582,7 @@ void CDescribedPage::OnHexEdited(ControlSlot& slot) {
     ChangeField(slot.field, values, touched);
 }
 
-bool CDescribedPage::PatchRecords(const std::function<bool(const Field&)>& picks,
-                                  const std::function<int(const Field&, const Bytes&, int)>& valueOf,
+bool CDescribedPage::PatchRecords(const std::function<bool(const Field&)>& picks, const FieldValue& valueOf,
                                   bool onlyWhenChanged) {
     // Each record holding a picked field is read and written once; the page then shows what it wrote.
     const std::vector<Field>& fields = m_description->fields;
@@ -587,7 +598,8 @@ bool CDescribedPage::PatchRecords(const std::function<bool(const Field&)>& picks
         for (const Field& field : fields)
             if (picked(field))
                 for (int copy = 0; copy < static_cast<int>(field.positions.size()); ++copy)
-                    WriteValue(field, record, copy, valueOf(field, read, copy));
+                    if (const std::optional<int> value = valueOf(field, read, copy))
+                        WriteValue(field, record, copy, *value);
         if (onlyWhenChanged && record == read)
             continue;
         WriteSource(source, record);
@@ -601,7 +613,7 @@ void CDescribedPage::WriteDefaults() {
     if (!CanWrite())
         return;
     PatchRecords([](const Field& f) { return f.defaultValue.has_value(); },
-                 [](const Field& f, const Bytes&, int) { return *f.defaultValue; }, false);
+                 [](const Field& f, const Bytes&, int) { return f.defaultValue; }, false);
     if (m_currentSwitchId)
         UpdateCurrentGroup();
     ReportChange();
@@ -611,15 +623,20 @@ void CDescribedPage::WriteDefaults() {
 void CDescribedPage::WriteOnFillFields() {
     if (!CanWrite())
         return;
-    const bool written = PatchRecords([](const Field& f) { return f.onFill != OnFill::Nothing; },
-                                      [this](const Field& f, const Bytes& read, int copy) {
-                                          // The chip keeps the count's low bits, so only they are taken,
-                                          // whatever the host says.
-                                          return f.onFill == OnFill::HostCount
-                                                     ? static_cast<int>(Chip()->GetCount() & 0xFFFFFFu)
-                                                     : ReadValue(f, read, copy);
-                                      },
-                                      true);
+    const bool written =
+        PatchRecords([](const Field& f) { return f.onFill != OnFill::Nothing; },
+                     [this](const Field& f, const Bytes& read, int copy) -> std::optional<int> {
+                         // The chip keeps the count's low bits, so only they are taken,
+                         // whatever the host says.
+                         if (f.onFill == OnFill::HostCount)
+                             return static_cast<int>(Chip()->GetCount() & 0xFFFFFFu);
+                         // A code no item names is left as it is.
+                         const int value = ReadValue(f, read, copy);
+                         if (f.control == Control::Combo && ItemOf(f, value) < 0)
+                             return std::nullopt;
+                         return value;
+                     },
+                     true);
     if (written) {
         ReportChange();
         UpdateRegisterText();

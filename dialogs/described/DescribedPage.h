@@ -12,6 +12,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,7 @@ protected:
     void ApplyHostRanges() override;
     bool ChipDiffersFromSnapshot() override;
     void RestoreSnapshot() override;
+    void OnDestroy() override;
 
 private:
     using Bytes = std::array<std::uint8_t, kLargestHostRecord>;
@@ -77,6 +79,18 @@ private:
     int SnapshotValue(const chipdesc::Field& field, int colour) const;
     void ShowValue(ControlSlot& slot, int value);
     int ControlValue(const ControlSlot& slot) const;
+    // A combo selects the item naming the value, or an entry of the value's number after its items.
+    void ShowItem(const ControlSlot& slot, int value) const;
+    // The value of the item chosen; the chip's value while the number entry is.
+    int ItemValue(const ControlSlot& slot) const;
+    // The combo shows a value no item names.
+    bool ShowsUnnamedValue(const ControlSlot& slot) const;
+    // A value only shown: its text, or a lamp lit while it is not zero.
+    void ShowReadOnlyValue(const ControlSlot& slot, int value) const;
+    // The help of each field that has one, over its label and its controls.
+    void AddHelp();
+    // Cancel's records: what the page saw, but the values it only shows as the chip holds them now.
+    void RestoreRecords();
     // The chip's value kept, shown as far as the control can, and read out.
     void ShowChipValue(ControlSlot& slot, int value);
     void UpdateReadout(const ControlSlot& slot) const;
@@ -95,9 +109,9 @@ private:
     void OnControlChanged(ControlSlot& slot);
     void OnHexEdited(ControlSlot& slot);
     // Writes valueOf(field, record as read, colour copy) into every copy of each field `picks` picks,
-    // record by record; true when a record was written.
-    bool PatchRecords(const std::function<bool(const chipdesc::Field&)>& picks,
-                      const std::function<int(const chipdesc::Field&, const Bytes&, int)>& valueOf,
+    // record by record, leaving a copy it gives nothing for; true when a record was written.
+    using FieldValue = std::function<std::optional<int>(const chipdesc::Field&, const Bytes&, int)>;
+    bool PatchRecords(const std::function<bool(const chipdesc::Field&)>& picks, const FieldValue& valueOf,
                       bool onlyWhenChanged);
     void WriteDefaults();
     // The fields the chip wants written whenever the page fills itself (copies made equal again, the
@@ -157,4 +171,5 @@ private:
     int m_currentField = -1;
     int m_currentSwitchId = 0;
     std::array<CurrentColour, chipdesc::kColourCount> m_current;
+    HWND m_help = nullptr; // the tooltips of the fields' help
 };

@@ -1,7 +1,8 @@
 // A described page driven as an operator drives it: each kind of control, each colour mode and coding,
-// a state that shows a row, a refused hexadecimal text, Default, OK and Cancel. Linked sliders are
-// held by the FM612x pages' tests, whose descriptions link their gains. The page class and its layout
-// are made up for the test; nothing here is a real chip.
+// a state that shows a row, a refused hexadecimal text, combo items with their own values, values only
+// shown, help, Default and Cancel. Linked sliders are held by the FM612x pages' tests, whose
+// descriptions link their gains. The page class and its layout are made up for the test; nothing here
+// is a real chip.
 #include "OperatorActions.h"
 
 #include <gtest/gtest.h>
@@ -77,13 +78,51 @@ bits = 14[1]
 control = check
 show-if = revision
 ids = 114
+
+[field speed]
+label = "Speed"
+label-id = 120
+help = "How fast the outputs switch"
+bits = 4[1:0]=6[1:0]
+control = combo
+items = 2 "Slow", 3 "Fast", 0 "Off"
+on-fill = rewrite
+ids = 121
+
+[field chip-revision]
+label = "Chip revision"
+bits = 14[7:4]
+access = read-only
+control = hex
+ids = 122
+
+[field ready]
+label = "Ready"
+bits = 15[6]
+access = read-only
+control = check
+ids = 123
 )";
 
 constexpr int kLink = 100, kBlanking = 107, kRefresh = 111, kFrameRate = 112, kTrim = 113, kExtra = 114;
-constexpr int kRevision = 115;
+constexpr int kRevision = 115, kSpeedLabel = 120, kSpeed = 121, kChipRevision = 122, kReady = 123;
 constexpr int kGain[] = {101, 102, 103};
 constexpr int kGainText[] = {104, 105, 106};
 constexpr int kDelay[] = {108, 109, 110};
+
+// The help a tooltip of the page gives for one of its controls.
+std::wstring HelpOf(HWND page, int id) {
+    wchar_t text[256] = {};
+    TOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.hwnd = page;
+    tool.uId = reinterpret_cast<UINT_PTR>(Item(page, id));
+    tool.lpszText = text;
+    for (HWND tip = nullptr; (tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr));)
+        if (GetWindowThreadProcessId(tip, nullptr) == GetCurrentThreadId())
+            SendMessageW(tip, TTM_GETTEXTW, 256, reinterpret_cast<LPARAM>(&tool));
+    return text;
+}
 
 class DescribedPage : public PageTest {
 protected:
@@ -166,6 +205,37 @@ TEST_F(DescribedPage, EveryControlWritesItsFieldInItsColoursAndTheChangeTestCove
     EXPECT_FALSE(Shown(page, kExtra));
 }
 
+TEST_F(DescribedPage, AValueNoItemNamesAndValuesOnlyShownAreNeverWrittenAndHelpIsOnLabelAndControl) {
+    chip.regData[4] = 0x01; // a speed no item names, its second copy disagreeing
+    chip.regData[14] = 0xA0;
+    chip.regData[15] = 0x40;
+    Open();
+    EXPECT_EQ(chip.regData[6], 0x00); // the fill left the value it cannot show
+    EXPECT_EQ(ItemText(page, kSpeed), L"1");
+    EXPECT_EQ(ItemText(page, kChipRevision), L"0a");
+    EXPECT_TRUE(Checked(page, kReady));
+    EXPECT_EQ(HelpOf(page, kSpeedLabel), L"How fast the outputs switch");
+    EXPECT_EQ(HelpOf(page, kSpeed), L"How fast the outputs switch");
+    Select(page, kSpeed, 3); // the number's own entry: nothing to write
+    EXPECT_TRUE(chip.CallNames(false).empty());
+    Click(page, 8025); // the speed has no default
+    EXPECT_EQ(chip.regData[4], 0x01);
+    EXPECT_EQ(chip.regData[6], 0x00);
+
+    chip.regData[4] = 0x03; // the chip now holds an item's value, and another status
+    chip.regData[14] = 0x50;
+    chip.regData[15] = 0x00;
+    SendMessageW(page, 0x0903, 0, 0);
+    EXPECT_EQ(chip.regData[6], 0x03); // rewritten: its copies agree again
+    EXPECT_EQ(ItemText(page, kSpeed), L"Fast");
+    EXPECT_EQ(ItemText(page, kChipRevision), L"05");
+    EXPECT_FALSE(Checked(page, kReady));
+
+    Click(page, 8571); // what the page saw, but the status as the chip holds it now
+    EXPECT_EQ(chip.regData[4], 0x01);
+    EXPECT_EQ(chip.regData[14], 0x50);
+}
+
 TEST_F(DescribedPage, TwoPagesOfOneClassShareTheLinkSwitchAndShowIt) {
     Open();
     HWND first = page;
@@ -201,13 +271,6 @@ TEST_F(DescribedPage, DefaultWritesTheDescribedValuesAndCancelPutsBackWhatThePag
     EXPECT_EQ(chip.regData, block);
     EXPECT_EQ(chip.regDataEx, recordA);
     EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegData", "SetRegData4", "SetRegDataEx"}));
-    EXPECT_FALSE(IsWindow(page));
-}
-
-TEST_F(DescribedPage, OkWithNothingChangedOnlyTellsTheHostItsState) {
-    Open();
-    Click(page, 8570);
-    EXPECT_EQ(chip.CallNames(false), (Calls{"UpdateHostState"}));
     EXPECT_FALSE(IsWindow(page));
 }
 

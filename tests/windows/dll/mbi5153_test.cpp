@@ -192,7 +192,7 @@ TEST_F(Mbi5153Page, DefaultWritesTheChipMakersValuesInOrder) {
     EXPECT_EQ(ItemText(page, kCurrents[kRed]), L"14.25 mA") << "the current follows the reset resistance";
 }
 
-// OK and Cancel are the chip-page skeleton's (the described page's test drives them after changes);
+// OK and Cancel are the chip-page skeleton's (the described page's test drives Cancel after changes);
 // here the page's snapshot covers block and record.
 TEST_F(Mbi5153Page, OkRunsTheChangeTestAndCancelPutsTheSnapshotBack) {
     HWND page = Open(chip);
