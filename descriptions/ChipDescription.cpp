@@ -83,7 +83,7 @@ std::string_view ReasonStringId(ErrorCode code) {
         "IDS_DescError_ItemsDoNotFit", "IDS_DescError_RangeDoesNotFit", "IDS_DescError_UnknownStringId",
         "IDS_DescError_UnknownField",  "IDS_DescError_DuplicateName",   "IDS_DescError_DuplicateId",
         "IDS_DescError_NoFields",      "IDS_DescError_OutOfRange",      "IDS_DescError_NoParamTable",
-        "IDS_DescError_NewerFormat",
+        "IDS_DescError_NewerFormat",   "IDS_DescError_BadFormula",      "IDS_DescError_DivisionByZero",
     };
     return kIds[static_cast<std::size_t>(code)];
 }

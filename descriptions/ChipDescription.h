@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -22,6 +23,8 @@
 #include <vector>
 
 namespace chipdesc {
+
+struct ReadoutFormula;
 
 // Where a field lives: one of the host's register records, read and written whole, or the value the
 // host reports, which the page only shows.
@@ -106,7 +109,9 @@ struct Field {
     std::vector<int> itemCodes; // the value each item stands for, in the items' order
     double step = 1;
     Item unit;
+    // A routine's name, or a formula's text and the formula read from it (DescriptionFormula.h).
     std::string readout;
+    std::shared_ptr<const ReadoutFormula> formula;
     std::vector<int> ids;
     std::vector<int> readoutIds;
     // The output current this field's value gives against a reference the operator enters per
@@ -261,8 +266,10 @@ enum class ErrorCode : std::uint8_t {
     OutOfRange,
     NoParamTable,
     NewerFormat,
+    BadFormula,     // detail: the column where a formula stops making sense
+    DivisionByZero, // detail: the column of a division by a constant zero
 };
-inline constexpr std::size_t kErrorCodeCount = 22;
+inline constexpr std::size_t kErrorCodeCount = 24;
 
 struct ParseError {
     int line = 0;

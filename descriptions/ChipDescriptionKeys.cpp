@@ -2,6 +2,7 @@
 #include "descriptions/ChipDescriptionKeys.h"
 
 #include "descriptions/ChipDescriptionParser.h"
+#include "descriptions/DescriptionFormula.h"
 #include "descriptions/DescriptionReadouts.h"
 #include "descriptions/DescriptionSections.h"
 
@@ -519,7 +520,7 @@ constexpr Key kKeys[] = {
      "the combo's items, in value order or with their values"},
     {"step", F, Step<&Field::step>, "the numeric edit's step"},
     {"unit", F, Text<&Field::unit>, "the unit shown after the number"},
-    {"readout", F, Routine<&Field::readout, IsReadout>, "the read-out routine shown next to each control"},
+    {"readout", F, ReadReadout, "the read-out shown next to each control: a formula, or a routine's name"},
     {"ids", F, Ids<&Field::ids>, "the controls' ids"},
     {"readout-ids", F, Ids<&Field::readoutIds>, "the read-outs' control ids"},
     {"current", F, Routine<&Field::current, IsCurrentReadout>, "the output-current read-out routine"},

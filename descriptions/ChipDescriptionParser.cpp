@@ -80,7 +80,7 @@ ParseResult Parser::Run(std::string_view text) {
     for (FieldDraft& draft : m_drafts)
         if (!FinishField(draft))
             return *m_error;
-    if (!ConnectFields() || !CheckPageKeys() || !CheckOverlaps() || !CheckIds())
+    if (!ConnectFields() || !ConnectFormulas() || !CheckPageKeys() || !CheckOverlaps() || !CheckIds())
         return *m_error;
     for (FieldDraft& draft : m_drafts)
         m_description.fields.push_back(std::move(draft.field));
@@ -126,6 +126,7 @@ bool Parser::ReadText(std::string_view text) {
 }
 
 bool Parser::Line(int number, std::string_view line) {
+    m_line = line;
     line = Trim(line);
     if (line.empty() || line.front() == '#' || line.front() == ';')
         return true;
@@ -190,7 +191,8 @@ bool Parser::Header(int number, std::string_view name) {
 
 bool Parser::KeyLine(int number, std::string_view key, std::string_view value) {
     FieldDraft* draft = *m_section == Section::Field ? &m_drafts.back() : nullptr;
-    KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error};
+    const int column = static_cast<int>(value.data() - m_line.data()) + 1;
+    KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error, column};
     if (*m_section == Section::Button)
         keyValue.button = &m_buttons.back();
     if (!SplitWords(value, keyValue.words))

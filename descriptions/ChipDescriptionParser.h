@@ -82,6 +82,7 @@ struct KeyValue {
     FieldDraft* draft; // null in [page]
     const KnownStringId& known;
     std::optional<ParseError>& error;
+    int column; // of the value in its line, from 1
     ButtonDraft* button = nullptr; // in [button NAME]
 
     bool Fail(std::string_view detail, ErrorCode code = ErrorCode::BadValue) {
@@ -126,6 +127,7 @@ private:
     bool CheckCurrentKeys(FieldDraft& draft);
     bool CheckReadOnly(FieldDraft& draft);
     bool ConnectFields();
+    bool ConnectFormulas(); // DescriptionFormula.cpp
     bool CheckPageKeys();
     bool CheckOverlaps();
     bool CheckIds();
@@ -153,6 +155,7 @@ private:
     std::vector<ButtonDraft> m_buttons;
     PageDraft m_textDraft;
     std::vector<PageDraft> m_tableDrafts;
+    std::string_view m_line; // being read
     int m_lastLine = 1;
 };
 

@@ -1,5 +1,6 @@
 #include "descriptions/DescriptionLayout.h"
 
+#include "descriptions/DescriptionFormula.h"
 #include "descriptions/DescriptionReadouts.h"
 #include "descriptions/SectionLayout.h"
 #include "framework/TextEncoding.h"
@@ -80,6 +81,7 @@ private:
     }
     int ControlWidth(const Field& field) const;
     int ReadoutWidth(const Field& field) const;
+    int FormulaWidth(const Field& field) const;
     int CellWidth(const Field& field) const {
         const int cell =
             ControlWidth(field) + (field.readout.empty() ? 0 : X(kReadoutGap) + ReadoutWidth(field));
@@ -166,7 +168,39 @@ int Planner::ReadoutWidth(const Field& field) const {
     for (const int value : {field.minimum, field.maximum, (field.minimum + field.maximum) / 2})
         if (const auto text = FormatReadout(field.readout, value))
             widest = std::max(widest, Measure(*text));
-    return widest + X(2);
+    return std::max(widest, FormulaWidth(field)) + X(2);
+}
+
+// A formula need not grow with the value (a rate that divides by it): the longest texts it gives over
+// the range (every value of a range up to 256 wide), other fields at their lowest and highest.
+int Planner::FormulaWidth(const Field& field) const {
+    if (!field.formula)
+        return 0;
+    constexpr std::int64_t kSamples = 256;
+    const std::int64_t span = static_cast<std::int64_t>(field.maximum) - field.minimum;
+    const std::int64_t step = std::max<std::int64_t>(1, span / kSamples);
+    std::set<std::wstring> longest{L"-"};
+    std::set<std::wstring> ends; // measured whatever their length, as a routine's are
+    for (const bool highest : {false, true}) {
+        const FieldValueOf others = [&](int other) {
+            const Field& named = m_description.fields[static_cast<std::size_t>(other)];
+            return std::optional<std::int64_t>(highest ? named.maximum : named.minimum);
+        };
+        for (std::int64_t value = field.minimum; value <= field.maximum; value += step) {
+            std::wstring text = *ReadoutText(field, value, others);
+            if (text.size() > longest.begin()->size())
+                longest.clear();
+            if (longest.empty() || (text.size() == longest.begin()->size() && longest.size() < 4))
+                longest.insert(std::move(text));
+        }
+        for (const int value : {field.minimum, field.maximum, (field.minimum + field.maximum) / 2})
+            ends.insert(*ReadoutText(field, value, others));
+    }
+    longest.merge(ends);
+    int widest = 0;
+    for (const std::wstring& text : longest)
+        widest = std::max(widest, Measure(text));
+    return widest;
 }
 
 int Planner::ReferenceWidth(const Field& field) const {

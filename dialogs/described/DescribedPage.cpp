@@ -1,5 +1,6 @@
 #include "dialogs/described/DescribedPage.h"
 
+#include "descriptions/DescriptionFormula.h"
 #include "descriptions/DescriptionLayout.h"
 #include "descriptions/DescriptionReadouts.h"
 #include "dialogs/chips/ChipRegModifyModel.h"
@@ -371,13 +372,32 @@ void CDescribedPage::ShowChipValue(ControlSlot& slot, int value) {
     slot.value = value;
     ShowValue(slot, value);
     UpdateReadout(slot);
+    UpdateReadoutsNaming(slot.field);
 }
 
 void CDescribedPage::UpdateReadout(const ControlSlot& slot) const {
     if (!slot.readout)
         return;
-    if (const auto text = FormatReadout(FieldOf(slot).readout, slot.value))
+    // A field a formula names gives its value of the read-out's colour, or its only one.
+    const auto valueOf = [&](int field) -> std::optional<std::int64_t> {
+        const int colour =
+            m_description->fields[static_cast<std::size_t>(field)].ControlCount() > 1 ? slot.colour : 0;
+        for (const ControlSlot& named : m_slots)
+            if (named.field == field && named.colour == colour)
+                return named.value;
+        return std::nullopt;
+    };
+    if (const auto text = ReadoutText(FieldOf(slot), slot.value, valueOf))
         ::SetWindowTextW(slot.readout, text->c_str());
+}
+
+void CDescribedPage::UpdateReadoutsNaming(int field) const {
+    for (const ControlSlot& slot : m_slots) {
+        const std::shared_ptr<const ReadoutFormula>& formula = FieldOf(slot).formula;
+        if (slot.field != field && formula &&
+            std::find(formula->fields.begin(), formula->fields.end(), field) != formula->fields.end())
+            UpdateReadout(slot);
+    }
 }
 
 void CDescribedPage::ShowHostValue(Source source) {
@@ -520,6 +540,7 @@ void CDescribedPage::ChangeField(int fieldIndex, const std::array<int, kColourCo
                 slot.value = ReadValue(field, record, slot.colour);
                 UpdateReadout(slot);
             }
+        UpdateReadoutsNaming(fieldIndex);
         // A field the operator just set may be what shows or hides others.
         std::array<Bytes, kSourceCount> records{};
         std::array<bool, kSourceCount> read{};

@@ -94,6 +94,8 @@ private:
     // The chip's value kept, shown as far as the control can, and read out.
     void ShowChipValue(ControlSlot& slot, int value);
     void UpdateReadout(const ControlSlot& slot) const;
+    // Read-outs of other fields whose formulas name this one.
+    void UpdateReadoutsNaming(int field) const;
     // A host value read and shown in the fields showing it.
     void ShowHostValue(chipdesc::Source source);
     // Shows the fields of the records marked read.

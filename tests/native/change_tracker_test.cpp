@@ -1,6 +1,6 @@
 // The change test the chip pages share, against the simulated host: what it reads each time, which
-// bytes count and what Cancel puts back. Which records each page covers, and how the host hears of
-// the result, is held by the pages' own tests and traces.
+// bytes count, what Cancel puts back, and how the host is told. Which records each page covers is held
+// by the pages' own tests and traces.
 #include "dialogs/common/ChangeTracker.h"
 #include "workbench/SimulatedChip.h"
 
@@ -48,6 +48,24 @@ TEST(ChangeTracker, ReadsEveryCoveredRecordAndComparesAndRestoresOnlyTheCoveredB
     EXPECT_EQ(chip.regData[0], 0);
     EXPECT_EQ(chip.regDataEx[1], 0x11);
     EXPECT_EQ(chip.regDataEx[4], 0x22);
+}
+
+// A change is marked, and the host's state updated always or (either-one pages) only when nothing changed.
+TEST(ChangeTracker, TellsTheHostOfAChangeAsThePageAsks) {
+    SimulatedChip chip;
+    const CChangeTracker changes(&chip, {HostRecord::Block});
+    const struct {
+        bool differs, eitherOne;
+        Calls heard;
+    } cases[] = {{true, false, {"MarkModified", "UpdateHostState"}},
+                 {false, false, {"UpdateHostState"}},
+                 {true, true, {"MarkModified"}},
+                 {false, true, {"UpdateHostState"}}};
+    for (const auto& c : cases) {
+        chip.ClearLog();
+        changes.Notify(c.differs, c.eitherOne);
+        EXPECT_EQ(chip.CallNames(), c.heard) << c.differs << c.eitherOne;
+    }
 }
 
 } // namespace

@@ -254,6 +254,12 @@ TEST(ChipParamTable, HostListedChipsExportAtMost128RowsAndImportKeepsTheRest) {
     big.RestoreSnapshot();
     EXPECT_EQ(icnd3069.icnd3069Rows,
               (std::vector<std::array<std::uint8_t, 4>>(kParamRowListCapacity, {9, 9, 9, 9})));
+    // A shorter list goes back with its own length.
+    icnd3069.icnd3069Rows.assign(3, {7, 7, 7, 7});
+    ChipParamTable shortList(&icnd3069);
+    ASSERT_EQ(shortList.Import(dir.File("3069.csv")).result, kParamFileOk);
+    shortList.RestoreSnapshot();
+    EXPECT_EQ(icnd3069.icnd3069Rows, (std::vector<std::array<std::uint8_t, 4>>(3, {7, 7, 7, 7})));
 }
 
 TEST(ParamFileVariants, Cns7363WritesSixFieldsWithoutAddressAndReadsThemBack) {
@@ -300,6 +306,9 @@ TEST(ParamFileVariants, Mbi5292StatesItsRowCountSkipsEmptyLinesOnlyAndTellsAWron
     EXPECT_EQ(chip.regData2[16], 0x21);
     EXPECT_EQ(chip.regData2[24], 0x8c) << "the fourth row is beyond the stated count";
 
+    dir.Write("minus.csv", "MBI5292\r\nRegister Count: -3\r\n9,9,9,9,9,9,9,9\r\n");
+    ASSERT_EQ(table.Import(dir.File("minus.csv")).result, kParamFileOk);
+    EXPECT_EQ(chip.regData2[0], 1) << "a count below zero is no row";
     dir.Write("tag.csv", "CHIP_MBI5292_PARAMETER_FILE\r\nRegister Count: 16\r\n");
     EXPECT_EQ(table.Import(dir.File("tag.csv")).status, ParamReadStatus::WrongTag);
     dir.Write("count.csv", "MBI5292\r\nAddr,RReg\r\n1,2,3,4,5,6,7,8\r\n");

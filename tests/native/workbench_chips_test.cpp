@@ -35,7 +35,7 @@ TEST(WorkbenchChips, SearchMatchesEveryWordAgainstNumberClassAndChipIgnoringCase
 }
 
 // A host hands an extended page the chip it extends: the chip named by the page's class. (The
-// ICN2055EX on an ICN2055 is held by the Windows pictures test.)
+// ICN2055EX on an ICN2055 is held by the Windows workbench test.)
 TEST(WorkbenchChips, AnExtendedPageRunsOnTheChipItExtends) {
     const struct {
         int page;

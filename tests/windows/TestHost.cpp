@@ -6,24 +6,15 @@
 
 RegvaneLibrary& RegvaneLibrary::Get() {
     static RegvaneLibrary library = [] {
-        wchar_t path[MAX_PATH];
-        std::wstring dll(path, GetModuleFileNameW(nullptr, path, MAX_PATH));
-        dll = dll.substr(0, dll.find_last_of(L'\\') + 1) + L"regvane.dll";
         RegvaneLibrary lib;
-        lib.module = LoadLibraryW(dll.c_str());
-        if (!lib.module)
-            throw std::runtime_error("regvane.dll did not load");
-#define REGVANE_TEST_EXPORT(name)                                                                            \
-    lib.name = reinterpret_cast<name##Fn>(reinterpret_cast<void*>(GetProcAddress(lib.module, #name)));       \
-    if (!lib.name)                                                                                           \
-        throw std::runtime_error("regvane.dll does not export " #name);
-        REGVANE_TEST_EXPORT(InitRegvane)
-        REGVANE_TEST_EXPORT(RegvaneLanguageChanged)
-        REGVANE_TEST_EXPORT(CreateRegvaneWnd)
-        REGVANE_TEST_EXPORT(CreateRegvaneHwnd)
-        REGVANE_TEST_EXPORT(RegvaneDialogClassName)
-        REGVANE_TEST_EXPORT(RegvaneCreateDescribedPage)
-#undef REGVANE_TEST_EXPORT
+        std::string error = lib.Load();
+        lib.CreateRegvaneWnd = reinterpret_cast<CreateRegvaneWndFn>(
+            reinterpret_cast<void*>(GetProcAddress(lib.module, "CreateRegvaneWnd")));
+        if (error.empty() &&
+            !(lib.CreateRegvaneWnd && lib.RegvaneDialogClassName && lib.RegvaneCreateDescribedPage))
+            error = "regvane.dll lacks an entry point the tests call";
+        if (!error.empty())
+            throw std::runtime_error(error);
         return lib;
     }();
     return library;

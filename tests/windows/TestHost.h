@@ -3,8 +3,8 @@
 // operator does.
 #pragma once
 
-#include "host/RegvaneDesignerExports.h"
 #include "host/RegvaneExports.h"
+#include "workbench/HostModule.h"
 #include "workbench/SimulatedChip.h"
 
 #include <windows.h>
@@ -16,14 +16,10 @@
 #include <thread>
 #include <vector>
 
-struct RegvaneLibrary {
-    HMODULE module = nullptr;
-    InitRegvaneFn InitRegvane = nullptr;
-    RegvaneLanguageChangedFn RegvaneLanguageChanged = nullptr;
+// regvane.dll as the host suite loads it (by path, entry points by plain name), with the entry point
+// a C++ host uses to hold a page as its object.
+struct RegvaneLibrary : HostModule {
     CreateRegvaneWndFn CreateRegvaneWnd = nullptr;
-    CreateRegvaneHwndFn CreateRegvaneHwnd = nullptr;
-    RegvaneDialogClassNameFn RegvaneDialogClassName = nullptr;
-    RegvaneCreateDescribedPageFn RegvaneCreateDescribedPage = nullptr;
 
     // Loaded once per test process from the test program's own folder.
     static RegvaneLibrary& Get();

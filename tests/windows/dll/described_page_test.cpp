@@ -40,6 +40,8 @@ colours = separate
 coding = offset 1
 control = number
 ids = 108 109 110
+readout = "%d ns" value * 10 + blanking * 5
+readout-ids = 117 118 119
 default = 1
 
 [field refresh]
@@ -57,6 +59,8 @@ bits = 0[7:0] 1[7:0]
 control = number
 range = 60..3840
 ids = 112
+readout = "%.2f ms" 1000 / value
+readout-ids = 116
 default = 1920
 
 [field trim]
@@ -109,6 +113,8 @@ constexpr int kRevision = 115, kSpeedLabel = 120, kSpeed = 121, kChipRevision = 
 constexpr int kGain[] = {101, 102, 103};
 constexpr int kGainText[] = {104, 105, 106};
 constexpr int kDelay[] = {108, 109, 110};
+constexpr int kFrameTime = 116;
+constexpr int kDelayText[] = {117, 118, 119};
 
 // The help a tooltip of the page gives for one of its controls.
 std::wstring HelpOf(HWND page, int id) {
@@ -152,6 +158,8 @@ TEST_F(DescribedPage, EveryControlWritesItsFieldInItsColoursAndTheChangeTestCove
     EXPECT_EQ(SendMessageW(Item(page, kRefresh), CB_GETCURSEL, 0, 0), 0);
     EXPECT_EQ(ItemText(page, kDelay[0]), L"1");
     EXPECT_EQ(ItemText(page, kFrameRate), L"60"); // record A holds 0: the edit keeps to its range
+    EXPECT_EQ(ItemText(page, kFrameTime), L"-");  // and the read-out divides by that 0
+    EXPECT_EQ(ItemText(page, kDelayText[2]), L"15 ns");
     EXPECT_FALSE(Shown(page, kExtra));
 
     // Link off: a gain change writes each colour's own slider.
@@ -164,6 +172,7 @@ TEST_F(DescribedPage, EveryControlWritesItsFieldInItsColoursAndTheChangeTestCove
 
     Click(page, kBlanking); // one switch, every colour; bit 7 belongs to no field and stays
     EXPECT_EQ(chip.regData[3], 0x80 | 31);
+    EXPECT_EQ(ItemText(page, kDelayText[2]), L"10 ns"); // a formula naming it follows
     EXPECT_EQ(chip.regData[5], 63);
     Click(page, kBlanking);
     EXPECT_EQ(chip.regData[3], 0xC0 | 31);
@@ -174,6 +183,7 @@ TEST_F(DescribedPage, EveryControlWritesItsFieldInItsColoursAndTheChangeTestCove
     EXPECT_EQ(chip.regData[11], 0x03);
     EXPECT_EQ(chip.regData[10], 0x01);
     EXPECT_EQ(chip.regData[9], 0x00);
+    EXPECT_EQ(ItemText(page, kDelayText[1]), L"85 ns");
 
     Select(page, kRefresh, 1); // stored inverted
     EXPECT_EQ(chip.regData[15], 0x00);
@@ -182,6 +192,7 @@ TEST_F(DescribedPage, EveryControlWritesItsFieldInItsColoursAndTheChangeTestCove
     Enter(page, kFrameRate, L"3000"); // 16 bits of record A, high byte first
     EXPECT_EQ(chip.regDataEx[0], 0x0B);
     EXPECT_EQ(chip.regDataEx[1], 0xB8);
+    EXPECT_EQ(ItemText(page, kFrameTime), L"0.33 ms");
     EXPECT_EQ(chip.CallNames(false), (Calls{"SetRegDataEx", "MarkModified", "UpdateHostState"}));
 
     {
@@ -276,14 +287,14 @@ TEST_F(DescribedPage, DefaultWritesTheDescribedValuesAndCancelPutsBackWhatThePag
 
 TEST_F(DescribedPage, AFileThatCannotBeUsedGivesNoPageAndSaysWhere) {
     std::string broken = kTestPage;
-    broken.replace(broken.find("bits = 14[1]"), 12, "bits = 15[7]"); // line 66: the refresh mode's bit
+    broken.replace(broken.find("bits = 14[1]"), 12, "bits = 15[7]"); // line 70: the refresh mode's bit
     DeleteFileW(path.c_str());
     path = WriteDescription(L"CRegvaneDescribedTest.desc", broken);
     // What RegvaneCheckDescription says is held by the workbench designer's tests, which call it.
     wchar_t problem[512] = {};
     EXPECT_EQ(lib.RegvaneCreateDescribedPage(path.c_str(), &chip, L"", host.View(), problem, 512), nullptr);
     const std::wstring text = problem;
-    EXPECT_NE(text.find(L"CRegvaneDescribedTest.desc:66: "), std::wstring::npos)
+    EXPECT_NE(text.find(L"CRegvaneDescribedTest.desc:70: "), std::wstring::npos)
         << std::string(text.begin(), text.end());
     EXPECT_TRUE(chip.CallNames(false).empty());
 }

@@ -1,5 +1,7 @@
 // The raw register editor driven as an operator does: bytes typed into edits and confirmed by leaving
-// them, buttons clicked, and the host's register kind choosing what is shown.
+// them, buttons clicked, and the host's register kind choosing what is shown. That opening writes
+// nothing is held by the factory test, and that a host's caption wins over the title by the MBI5153
+// page's.
 #include "OperatorActions.h"
 
 #include <gtest/gtest.h>
@@ -26,17 +28,6 @@ protected:
     SimulatedChip chip{kRawEditorType, 0};
     HWND page = nullptr;
 };
-
-// That opening writes nothing is held by the factory test; the title by the Chinese one below, and that
-// a host's caption wins over it by the MBI5153 page's.
-TEST_F(RawEditor, ShowsEveryByteAsTwoLowerCaseDigits) {
-    chip.regData[9] = 0x0F;
-    Open(&chip);
-    EXPECT_EQ(ItemText(page, 8074), L"0f");
-    EXPECT_EQ(ItemText(page, 8543), L"12");
-    EXPECT_EQ(ItemText(page, 8084), L"a3");
-    EXPECT_EQ(ItemText(page, 8090), L"b5");
-}
 
 // The typed byte's own record is read, patched and written; the change test reads block and record A.
 TEST_F(RawEditor, ATypedByteGoesToItsRecordAndTheChangeIsReported) {
@@ -131,20 +122,19 @@ TEST_F(RawEditor, ReadAgainShowsTheChipAndRestorePutsBackWhatItHeldAtOpening) {
     EXPECT_EQ(ItemText(page, 8070), L"15");
 }
 
+// Which kind asks for what is held natively; here each of the layout's switches on its controls. One
+// edit of each further register stands for its group: byte 9 (second), record A byte 0 (third),
+// record B byte 0 (fourth).
 TEST_F(RawEditor, TheRegisterKindChoosesWhatIsShown) {
-    // One edit of each further register stands for its group: byte 9 (second), record A byte 0
-    // (third), record B byte 0 (fourth).
     const struct {
         int kind;
         bool second, third, fourth, caption4, caption1, preset, firstLowEnabled;
     } kinds[] = {
         {1, false, false, false, false, false, false, false},
         {3, true, false, false, false, false, false, true},
-        {4, true, true, false, false, false, false, true},
         {5, true, true, true, true, false, false, true},
         {9, false, false, false, false, false, true, true},
         {11, true, true, true, true, true, false, true},
-        {13, true, true, false, false, false, false, true},
     };
     for (const auto& k : kinds) {
         SCOPED_TRACE(k.kind);
@@ -158,15 +148,8 @@ TEST_F(RawEditor, TheRegisterKindChoosesWhatIsShown) {
         EXPECT_EQ(Shown(page, kPreset), k.preset);
         for (int id : {8543, 8069, 8544})
             EXPECT_EQ(IsWindowEnabled(Item(page, id)) != FALSE, k.firstLowEnabled) << id;
-        EXPECT_TRUE(IsWindowEnabled(Item(page, 8068)));
-        EXPECT_TRUE(Shown(page, 8543)) << "the first register is always shown";
         EXPECT_EQ(Shown(page, 20607), k.kind != 11) << "CFG1 takes the place of the plain caption";
-        EXPECT_EQ(ItemText(page, 20014), k.kind == 11 ? L"CFG2" : L"Register 2");
-        if (k.kind == 11) {
-            EXPECT_EQ(ItemText(page, 20616), L"CFG1");
-            EXPECT_EQ(ItemText(page, 20015), L"CFG3");
-            EXPECT_EQ(ItemText(page, 20016), L"CFG4");
-        }
+        EXPECT_EQ(ItemText(page, 20015), k.kind == 11 ? L"CFG3" : L"Register 3");
         // English names the fourth register's rows as the template does; that kind 12 takes them
         // from the language file shows in the Chinese test below.
         EXPECT_EQ(ItemText(page, 8569), L"R4");
@@ -187,15 +170,8 @@ TEST_F(RawEditor, ChineseTitleAndTexts) {
 
 TEST_F(RawEditor, WithoutAHostThePageShowsZerosAndWritesNowhere) {
     Open(nullptr);
-    EXPECT_EQ(ItemText(page, 8543), L"00");
     EXPECT_EQ(Title(page), L"Chip registers");
     Type(8543, L"5a");
-    {
-        MessageBoxWatcher watcher;
-        Type(8068, L"zz");
-        EXPECT_EQ(watcher.Boxes().size(), 1u);
-    }
-    EXPECT_EQ(ItemText(page, 8068), L"00");
     SendMessageW(page, WM_COMMAND, MAKEWPARAM(kPreset, BN_CLICKED), 0);
     Click(page, kReadAgain);
     Click(page, kRestore);

@@ -79,19 +79,16 @@ TEST_F(DescriptionFolder, AFileDroppedIntoTheFolderTurnsARawPageIntoARealOne) {
     EXPECT_STREQ(lib.RegvaneDialogClassName(page), "CRegvane_SUM2018");
 
     // The module parses a file once while it stays the same (its time and size): a file rewritten to
-    // the same size and given back its time is not read again ...
+    // the same size and given back its time is not read again; a new version is read when the next
+    // page opens.
+    HANDLE file = CreateFileW(PathOf("CRegvane_SUM2018").c_str(), GENERIC_READ | FILE_WRITE_ATTRIBUTES,
+                              FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
     FILETIME written{};
-    auto fileTime = [](bool set, FILETIME& time) {
-        HANDLE file = CreateFileW(PathOf("CRegvane_SUM2018").c_str(), GENERIC_READ | FILE_WRITE_ATTRIBUTES,
-                                  FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-        set ? SetFileTime(file, nullptr, nullptr, &time) : GetFileTime(file, nullptr, nullptr, &time);
-        CloseHandle(file);
-    };
-    fileTime(false, written);
+    GetFileTime(file, nullptr, nullptr, &written);
     Write("CRegvane_SUM2018", 4, 501);
-    fileTime(true, written);
+    SetFileTime(file, nullptr, nullptr, &written);
+    CloseHandle(file);
     EXPECT_NE(GetDlgItem(Open(kRawPageType), 500), nullptr);
-    // ... and a new version is read when the next page opens.
     Write("CRegvane_SUM2018", 5, 5030);
     EXPECT_NE(GetDlgItem(Open(kRawPageType), 5030), nullptr);
 }

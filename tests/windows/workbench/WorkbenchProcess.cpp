@@ -1,9 +1,5 @@
 #include "WorkbenchProcess.h"
 
-#include "workbench/WorkbenchResources.h"
-
-#include <zlib.h>
-
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -88,72 +84,11 @@ void WriteFileBytes(const std::wstring& path, const std::string& bytes) {
     std::ofstream(std::filesystem::path(path), std::ios::binary) << bytes;
 }
 
-namespace {
-
-std::uint32_t BigEndian(const std::string& bytes, std::size_t at) {
-    std::uint32_t value = 0;
-    for (std::size_t i = 0; i < 4; ++i)
-        value = (value << 8) | static_cast<std::uint8_t>(bytes[at + i]);
-    return value;
-}
-
-} // namespace
-
-Picture DecodePng(const std::string& png) {
-    Picture picture;
-    if (png.compare(0, 8, "\x89PNG\r\n\x1A\n") != 0)
-        return {};
-    std::string packed;
-    for (std::size_t at = 8; at + 12 <= png.size(); at += 12 + BigEndian(png, at)) {
-        const std::uint32_t length = BigEndian(png, at);
-        if (at + 12 + length > png.size())
-            return {};
-        if (png.compare(at + 4, 4, "IHDR") == 0) {
-            picture.width = static_cast<int>(BigEndian(png, at + 8));
-            picture.height = static_cast<int>(BigEndian(png, at + 12));
-            if (png[at + 16] != 8 || png[at + 17] != 2)
-                return {};
-        } else if (png.compare(at + 4, 4, "IDAT") == 0) {
-            packed += png.substr(at + 8, length);
-        }
-    }
-    const std::size_t stride = static_cast<std::size_t>(picture.width) * 3;
-    std::vector<std::uint8_t> rows((stride + 1) * picture.height);
-    uLongf size = static_cast<uLongf>(rows.size());
-    if (uncompress(rows.data(), &size, reinterpret_cast<const Bytef*>(packed.data()),
-                   static_cast<uLong>(packed.size())) != Z_OK ||
-        size != rows.size())
-        return {};
-    // Rows are stored plain (filter 0) or as differences from the pixel to the left (filter 1).
-    picture.rgb.resize(stride * picture.height);
-    for (int y = 0; y < picture.height; ++y) {
-        const std::uint8_t filter = rows[y * (stride + 1)];
-        if (filter > 1)
-            return {};
-        std::uint8_t* out = &picture.rgb[y * stride];
-        for (std::size_t x = 0; x < stride; ++x)
-            out[x] = static_cast<std::uint8_t>(rows[y * (stride + 1) + 1 + x] +
-                                               (filter && x >= 3 ? out[x - 3] : 0));
-    }
-    return picture;
-}
-
-LoadedModule::LoadedModule() {
-    const std::string error = module.Load();
-    if (!error.empty())
-        throw std::runtime_error("regvane.dll: " + error);
-    module.InitRegvane(&callback);
-    module.RegvaneLanguageChanged();
-}
-
-std::vector<std::wstring> LogLines(HWND main) {
-    HWND log = GetDlgItem(main, IDC_CALL_LOG);
-    std::vector<std::wstring> lines;
-    for (int i = 0, count = static_cast<int>(SendMessageW(log, LB_GETCOUNT, 0, 0)); i < count; ++i) {
-        std::wstring line(static_cast<std::size_t>(SendMessageW(log, LB_GETTEXTLEN, i, 0)) + 1, L'\0');
-        line.resize(static_cast<std::size_t>(
-            SendMessageW(log, LB_GETTEXT, i, reinterpret_cast<LPARAM>(line.data()))));
-        lines.push_back(line);
-    }
-    return lines;
+int PngWidth(const std::string& png) {
+    if (png.size() < 24 || png.compare(0, 8, "\x89PNG\r\n\x1A\n") != 0 || png.compare(12, 4, "IHDR") != 0)
+        return 0;
+    int width = 0;
+    for (std::size_t i = 16; i < 20; ++i)
+        width = (width << 8) | static_cast<std::uint8_t>(png[i]);
+    return width;
 }

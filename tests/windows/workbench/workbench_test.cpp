@@ -1,9 +1,12 @@
 // RegvaneWorkbench.exe as people and scripts run it: a script drives the MBI5153 page, chips
-// persist in the profile across runs, damaged save files and bad scripts are reported, and the
-// pictures of the pages are written.
+// persist in the profile across runs, damaged save files and bad scripts are reported, the pictures
+// of the pages are written, an extended page runs on the chip it extends, and descriptions are checked
+// and drawn as a chip engineer's designer does (the layouts are made up; none describes a real chip).
 #include "WorkbenchProcess.h"
 
 #include <gtest/gtest.h>
+
+#include <sstream>
 
 namespace {
 
@@ -40,7 +43,7 @@ TEST(Workbench, AScriptDrivesTheMbi5153PageAndPrintsTheRegisterImages) {
               std::string::npos);
     EXPECT_NE(run.out.find("    frame received 0x0904(12, 1)"), std::string::npos) << run.out;
 
-    EXPECT_GT(DecodePng(ReadFileBytes(profile.File(L"page.png"))).width, 100) << "the page's picture";
+    EXPECT_GT(PngWidth(ReadFileBytes(profile.File(L"page.png"))), 100) << "the page's picture";
 }
 
 TEST(Workbench, TheChipPersistsAcrossRunsUntilResetAndTheHostsChangesReachThePage) {
@@ -134,13 +137,63 @@ TEST(Workbench, AllPagesWritesAPictureOfEveryPageAndAnIndex) {
     const std::string index = ReadFileBytes(folder.File(L"index.html"));
     for (const std::string name :
          {"00047-CRegvaneMbi5153.png", "00047-138-CRegvane_SM16159.png", "00196-CRegvaneMbi5153.png"}) {
-        EXPECT_GT(DecodePng(ReadFileBytes(folder.File(std::wstring(name.begin(), name.end())))).width, 100)
-            << name;
+        EXPECT_GT(PngWidth(ReadFileBytes(folder.File(std::wstring(name.begin(), name.end())))), 100) << name;
         EXPECT_NE(index.find("src=\"" + name + "\""), std::string::npos) << name;
     }
     for (const char* line : {"[1/3] 47 ", "[2/3] 47/138 ", "[3/3] 196 ", "3 pictures in "})
         EXPECT_NE(run.out.find(line), std::string::npos) << line << "\n" << run.out;
     EXPECT_EQ(run.out.find(" no page"), std::string::npos) << run.out;
+}
+
+// The ICN2055EX page is opened for an ICN2055 (chip type 193): its Export proposes the ICN2055's
+// file, which holds the 45 rows of that chip's table, not an unknown chip's.
+TEST(Workbench, TheIcn2055ExPageRunsOnAnIcn2055AndExportsItsTable) {
+    TempFolder work;
+    const WorkbenchRun run =
+        RunWorkbench(L"--headless --type 65536+13 --profile \"" + work.Path() + L"\" --screenshot \"" +
+                         work.File(L"page.png") + L"\" --do \"click 8701\"",
+                     work.Path());
+    ASSERT_EQ(run.status, 0u) << run.out << run.err;
+    EXPECT_NE(run.out.find("CRegvaneICN2055EX (ICN2055 of chip type 193)"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("The parameter file has been saved."), std::string::npos) << run.out;
+
+    // Headless, the save dialog is answered with the name it proposes, in the working folder.
+    std::istringstream file(ReadFileBytes(work.File(L"ChipICN2055Param.csv")));
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(file, line);)
+        lines.push_back(line);
+    // What the file's lines hold is the parameter-file tests'; here the rows are the ICN2055's.
+    ASSERT_EQ(lines.size(), 2u + 45u);
+    // The simulated chip starts from a table with a value in every cell.
+    for (std::size_t row = 2; row < lines.size(); ++row)
+        EXPECT_EQ(lines[row].find(",0x00"), std::string::npos) << lines[row];
+}
+
+// The page class of the SUM2018 (chip type 7), which has no description of its own.
+std::string Description(int byte, int id) {
+    return "[page]\nclass = CRegvane_SUM2018\n\n[field test]\nlabel = \"Test byte\"\nbits = " +
+           std::to_string(byte) + "[7:0]\ncontrol = number\nids = " + std::to_string(id) + "\n";
+}
+
+TEST(Workbench, ChecksDescriptionsAndDrawsOneHeadlessOnTheChipOfItsClass) {
+    TempFolder folder;
+    const std::wstring good = folder.File(L"CRegvane_SUM2018.desc");
+    const std::wstring bad = folder.File(L"bad.desc");
+    WriteFileBytes(good, Description(4, 500));
+    WriteFileBytes(bad, Description(16, 500)); // byte 16 of a 16-byte block
+    const WorkbenchRun check = RunWorkbench(L"--check-description \"" + good + L"\" \"" + bad + L"\"");
+    EXPECT_EQ(check.status, 6u) << check.out << check.err;
+    EXPECT_NE(check.out.find("CRegvane_SUM2018.desc: ok"), std::string::npos) << check.out;
+    EXPECT_NE(check.out.find("bad.desc:6: byte 16"), std::string::npos) << check.out;
+    EXPECT_EQ(RunWorkbench(L"--check-description \"" + good + L"\"").status, 0u);
+
+    const WorkbenchRun run =
+        RunWorkbench(L"--headless --describe \"" + good + L"\" --profile \"" + folder.Path() +
+                     L"\" --screenshot \"" + folder.File(L"page.png") + L"\" --do \"edit 500 9\"");
+    EXPECT_EQ(run.status, 0u) << run.out << run.err;
+    EXPECT_NE(run.Line("description ").find("CRegvane_SUM2018 on chip type 7"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("SetRegData 00 00 00 2b 09 2b"), std::string::npos) << run.out;
+    EXPECT_GT(PngWidth(ReadFileBytes(folder.File(L"page.png"))), 0);
 }
 
 } // namespace
