@@ -3,6 +3,7 @@
 #include "descriptions/DescriptionGrids.h"
 #include "descriptions/DescriptionFormula.h"
 #include "descriptions/DescriptionReadouts.h"
+#include "descriptions/SectionLayout.h"
 #include "framework/TextEncoding.h"
 
 #include <algorithm>
@@ -60,6 +61,8 @@ public:
             m_usedIds.insert(button.id);
         for (const Grid& grid : description.grids)
             m_usedIds.insert(grid.id);
+        for (const int id : SectionIds(description))
+            m_usedIds.insert(id);
         m_usedIds.insert(description.page.linkId);
         m_usedIds.insert(description.page.defaultId);
     }
@@ -275,6 +278,9 @@ LayoutPlan Planner::Plan() {
     AddSwitchAndHeaders(columns, y);
     const std::vector<GroupSpan> groups = AddRows(rows, columns, y);
     PlanGrids(m_description, m_texts, m_units, columns.labelX, y, m_plan, [this] { return NextId(); });
+    PlanSections(
+        m_description, m_texts, m_units, columns.labelX, RightEdge(), y,
+        [this](int id) { return id ? id : NextId(); }, m_plan.windows);
     AddPageButtons(columns.labelX, RightEdge(), y);
     AddButtons(columns.labelX, RightEdge(), y);
     // Group boxes go first: behind their rows, and out of the tab order.
