@@ -4,6 +4,7 @@
 #include "descriptions/ChipDescriptionParser.h"
 #include "descriptions/DescriptionFormula.h"
 #include "descriptions/DescriptionReadouts.h"
+#include "descriptions/DescriptionRules.h"
 
 #include <algorithm>
 #include <charconv>
@@ -468,6 +469,7 @@ constexpr std::pair<std::string_view, OnFill> kOnFill[] = {{"rewrite", OnFill::R
 constexpr Section P = Section::Page;
 constexpr Section F = Section::Field;
 constexpr Section B = Section::Button;
+constexpr Section R = Section::Rule;
 
 // A new key is a row here and one in docs/chip-descriptions.md (a test compares the two), and a check
 // in ChipDescriptionChecks.cpp when it depends on other keys.
@@ -530,6 +532,10 @@ constexpr Key kKeys[] = {
     {"action", B, ReadAction, "what the button does"},
     {"argument", B, ReadArgument, "what a chip function is handed: a field's value or a record"},
     {"id", B, Id<&Button::id>, "the button's control id"},
+
+    {"check", R, ReadRuleCheck, "the condition the page's field values must meet"},
+    {"message", R, ReadRuleMessage, "what the operator is told when a value breaks the rule"},
+    {"on-break", R, ReadOnBreak, "a change that breaks the rule: refused, or written with a warning"},
 };
 
 } // namespace

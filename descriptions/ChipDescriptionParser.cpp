@@ -84,7 +84,7 @@ ParseResult Parser::Run(std::string_view text) {
         return *m_error;
     for (FieldDraft& draft : m_drafts)
         m_description.fields.push_back(std::move(draft.field));
-    if (!CheckRefreshReads() || !FinishButtons())
+    if (!CheckRefreshReads() || !FinishButtons() || !FinishRules())
         return *m_error;
     CompleteChangeTest();
     return std::move(m_description);
@@ -149,6 +149,7 @@ bool Parser::Line(int number, std::string_view line) {
         return Fail(number, ErrorCode::Syntax, line);
     auto& keyLines = *m_section == Section::Page     ? m_page.keyLines
                      : *m_section == Section::Button ? m_buttons.back().keyLines
+                     : *m_section == Section::Rule   ? m_rules.back().keyLines
                                                      : m_drafts.back().keyLines;
     if (keyLines.count(key))
         return Fail(number, ErrorCode::DuplicateKey, key);
@@ -181,6 +182,8 @@ bool Parser::Header(int number, std::string_view name) {
     }
     if (name.substr(0, 7) == "button " || name.substr(0, 7) == "button\t")
         return ButtonHeader(number, Trim(name.substr(7)));
+    if (name.substr(0, 5) == "rule " || name.substr(0, 5) == "rule\t")
+        return RuleHeader(number, Trim(name.substr(5)));
     return Fail(number, ErrorCode::UnknownSection, name);
 }
 
@@ -190,6 +193,8 @@ bool Parser::KeyLine(int number, std::string_view key, std::string_view value) {
     KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error, column};
     if (*m_section == Section::Button)
         keyValue.button = &m_buttons.back();
+    if (*m_section == Section::Rule)
+        keyValue.rule = &m_rules.back();
     if (!SplitWords(value, keyValue.words))
         return Fail(number, ErrorCode::BadValue, value);
     const Key* found = FindKey(*m_section, key);

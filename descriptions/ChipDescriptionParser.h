@@ -73,6 +73,13 @@ struct ButtonDraft {
     }
 };
 
+// A rule's keys, until the fields its check names are known (DescriptionRules.cpp).
+struct RuleDraft {
+    std::shared_ptr<Rule> rule;
+    std::map<std::string, int, std::less<>> keyLines;
+    int LineOf(std::string_view key) const;
+};
+
 // One "key = value" line, while its value is read into the page or the field being read.
 struct KeyValue {
     int line = 0;
@@ -84,6 +91,7 @@ struct KeyValue {
     std::optional<ParseError>& error;
     int column; // of the value in its line, from 1
     ButtonDraft* button = nullptr; // in [button NAME]
+    RuleDraft* rule = nullptr;     // in [rule NAME]
 
     bool Fail(std::string_view detail, ErrorCode code = ErrorCode::BadValue) {
         return Refuse(error, line, code, detail);
@@ -137,6 +145,9 @@ private:
     bool ButtonHeader(int number, std::string_view name);
     bool FinishButtons();
     bool FinishButton(ButtonDraft& draft);
+    // The page's rules (DescriptionRules.cpp).
+    bool RuleHeader(int number, std::string_view name);
+    bool FinishRules();
 
     const KnownStringId& m_known;
     std::optional<ParseError> m_error;
@@ -146,6 +157,7 @@ private:
     PageDraft m_page;
     std::vector<FieldDraft> m_drafts;
     std::vector<ButtonDraft> m_buttons;
+    std::vector<RuleDraft> m_rules;
     std::string_view m_line; // being read
     int m_lastLine = 1;
 };

@@ -285,7 +285,8 @@ TEST(ChipDescription, TheGuideDocumentsEveryKeyOfEachSectionAndNoOther) {
         std::string heading;
     } sections[] = {{Section::Page, "### `[page]`"},
                     {Section::Field, "### `[field NAME]`"},
-                    {Section::Button, "### `[button NAME]`"}};
+                    {Section::Button, "### `[button NAME]`"},
+                    {Section::Rule, "### `[rule NAME]`"}};
     for (const auto& [section, heading] : sections) {
         std::set<std::string> taken;
         for (const Key& key : DescriptionKeys())
