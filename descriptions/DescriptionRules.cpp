@@ -12,7 +12,8 @@ bool Rule::Names(int field) const {
     return std::find(fields.begin(), fields.end(), field) != fields.end();
 }
 
-std::vector<const Rule*> BrokenRules(const Description& description, const FieldValueOf& valueOf, int changed) {
+std::vector<const Rule*> BrokenRules(const Description& description, const FieldValueOf& valueOf,
+                                     int changed) {
     std::vector<const Rule*> broken;
     std::vector<std::int64_t> values;
     for (const std::shared_ptr<const Rule>& rule : description.rules) {
@@ -66,7 +67,8 @@ bool ReadOnBreak(KeyValue& v) {
 bool Parser::RuleHeader(int number, std::string_view name) {
     if (!IsName(name))
         return Fail(number, ErrorCode::BadValue, name);
-    if (std::any_of(m_rules.begin(), m_rules.end(), [&](const RuleDraft& draft) { return draft.rule->name == name; }))
+    if (std::any_of(m_rules.begin(), m_rules.end(),
+                    [&](const RuleDraft& draft) { return draft.rule->name == name; }))
         return Fail(number, ErrorCode::DuplicateKey, "[rule " + std::string(name) + "]");
     RuleDraft draft{std::make_shared<Rule>(), {}};
     draft.rule->name = std::string(name);

@@ -10,10 +10,12 @@ using namespace chipdesc;
 
 // `rule` is the body of a rule section whose keys start on line 8.
 ParseResult ParseRule(const std::string& rule) {
-    return Parse("[page]\nclass = CRegvaneExampleChip\n[field shift]\nbits = 2[3:0]\ncontrol = number\nlabel = \"S\"\n"
-                 "[field level]\nbits = 3[3:0]\ncolours = separate\ncontrol = slider\nlabel = \"L\"\n"
-                 "[rule fits]\n" + rule,
-                 [](std::string_view) { return true; });
+    return Parse(
+        "[page]\nclass = CRegvaneExampleChip\n[field shift]\nbits = 2[3:0]\ncontrol = number\nlabel = \"S\"\n"
+        "[field level]\nbits = 3[3:0]\ncolours = separate\ncontrol = slider\nlabel = \"L\"\n"
+        "[rule fits]\n" +
+            rule,
+        [](std::string_view) { return true; });
 }
 
 TEST(DescriptionRules, ABadRuleIsRefusedWithItsLineAndABrokenOneIsFound) {
@@ -42,7 +44,9 @@ TEST(DescriptionRules, ABadRuleIsRefusedWithItsLineAndABrokenOneIsFound) {
     ASSERT_EQ(page.rules.size(), 1u);
     EXPECT_EQ(page.rules[0]->onBreak, OnBreak::Warn);
     const auto broken = [&](std::int64_t shift, int changed) {
-        return BrokenRules(page, [&](int) { return std::optional(shift); }, changed).size();
+        return BrokenRules(
+                   page, [&](int) { return std::optional(shift); }, changed)
+            .size();
     };
     EXPECT_EQ(broken(4, 0), 0u);
     EXPECT_EQ(broken(5, 0), 1u);
