@@ -414,6 +414,7 @@ void CDescribedPage::RefreshFromChip() {
     ShowRecords(records, read);
     WriteOnFillFields();
     ShowSwitches();
+    TellRulesTheChipBreaks();
 }
 
 void CDescribedPage::ShowSwitches() {
@@ -506,6 +507,9 @@ CDescribedPage::ControlSlot* CDescribedPage::SlotWithWindow(HWND window) {
 
 void CDescribedPage::ChangeField(int fieldIndex, const std::array<int, kColourCount>& values,
                                  const std::array<bool, kColourCount>& touched) {
+    std::vector<const Rule*> warnings;
+    if (!RulesAllowChange(fieldIndex, values, warnings))
+        return;
     const Field& field = m_description->fields[static_cast<std::size_t>(fieldIndex)];
     const Page& page = m_description->page;
     Bytes record = ReadSource(field.source);
@@ -544,6 +548,7 @@ void CDescribedPage::ChangeField(int fieldIndex, const std::array<int, kColourCo
         for (int colour = 0; colour < kColourCount; ++colour)
             UpdateCurrent(colour);
     ReportChange();
+    TellRules(warnings);
 }
 
 void CDescribedPage::OnControlChanged(ControlSlot& slot) {

@@ -17,6 +17,9 @@
 #include <vector>
 
 class CNumberEdit;
+namespace chipdesc {
+struct Rule;
+}
 class RegisterParamTable;
 
 class CDescribedPage : public CChipDialog {
@@ -125,6 +128,14 @@ private:
     void UpdateCurrentGroup();
     void UpdateCurrent(int colour);
 
+    // The description's rules (DescribedRules.cpp). False: the change breaks a rule that refuses it,
+    // the field's controls show the chip's value again; `warnings`: the rules it breaks that warn.
+    bool RulesAllowChange(int field, const std::array<int, chipdesc::kColourCount>& values,
+                          std::vector<const chipdesc::Rule*>& warnings);
+    void TellRulesTheChipBreaks();
+    void TellRules(const std::vector<const chipdesc::Rule*>& rules) const;
+    std::optional<std::int64_t> RuleValue(int field) const;
+
     // The description's buttons (DescribedButtons.cpp). False: no such button.
     bool OnPageButton(UINT id);
     void CallChipFunction(const chipdesc::Button& button);
@@ -162,4 +173,5 @@ private:
     int m_currentSwitchId = 0;
     std::array<CurrentColour, chipdesc::kColourCount> m_current;
     HWND m_help = nullptr; // the tooltips of the fields' help
+    std::vector<const chipdesc::Rule*> m_rulesTold; // broken, and the operator told
 };
