@@ -2,6 +2,7 @@
 // program and started as a host starts it.
 #pragma once
 
+#include "host/RegvaneDesignerExports.h"
 #include "host/RegvaneExports.h"
 #include "workbench/SimulatedChip.h"
 
@@ -26,6 +27,7 @@ inline double Median(std::vector<double> samples) {
 struct RegvaneDll {
     HMODULE module = nullptr; // null when regvane.dll did not load
     CreateRegvaneHwndFn create = nullptr;
+    RegvaneCreateDescribedPageFn createDescribed = nullptr;
 };
 
 // regvane.dll from the program's folder, initialised with a simulated host and its language read.
@@ -45,5 +47,6 @@ inline RegvaneDll StartRegvaneDll() {
     reinterpret_cast<InitRegvaneFn>(entry("InitRegvane"))(&callback);
     reinterpret_cast<RegvaneLanguageChangedFn>(entry("RegvaneLanguageChanged"))();
     dll.create = reinterpret_cast<CreateRegvaneHwndFn>(entry("CreateRegvaneHwnd"));
+    dll.createDescribed = reinterpret_cast<RegvaneCreateDescribedPageFn>(entry("RegvaneCreateDescribedPage"));
     return dll;
 }

@@ -11,6 +11,12 @@ if [[ -z "${WINEPREFIX:-}" ]]; then
   [[ -f "$dir/CMakeCache.txt" ]] || dir=${TMPDIR:-/tmp}/regvane
   export WINEPREFIX="$dir/wineprefix"
 fi
+# Another screen resolution (REGVANE_LOG_PIXELS=144 is 150 %): Wine reads it once per process from the
+# prefix, so such runs get a prefix of their own beside the usual one, and never change the usual one's.
+dpi=${REGVANE_LOG_PIXELS:-96}
+if [[ $dpi != 96 && $WINEPREFIX != *-${dpi}dpi ]]; then
+  export WINEPREFIX="${WINEPREFIX%/}-${dpi}dpi"
+fi
 export WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-"mscoree,mshtml="}
 wine=/usr/lib/wine/wine64
@@ -43,6 +49,9 @@ mkdir -p "$(dirname "$WINEPREFIX")"
     fi
     # No window manager under Xvfb: without this, destroying a shown window waits for one.
     "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d N /f >/dev/null 2>&1
+    if [[ $dpi != 96 ]]; then
+      "$wine" reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dpi" /f >/dev/null 2>&1
+    fi
     "$wineserver" -w
     touch "$WINEPREFIX/.regvane-ready-3"
   fi

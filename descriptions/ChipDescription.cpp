@@ -84,6 +84,7 @@ std::string_view ReasonStringId(ErrorCode code) {
         "IDS_DescError_UnknownField",  "IDS_DescError_DuplicateName",   "IDS_DescError_DuplicateId",
         "IDS_DescError_NoFields",      "IDS_DescError_OutOfRange",      "IDS_DescError_NoParamTable",
         "IDS_DescError_NewerFormat",   "IDS_DescError_BadFormula",      "IDS_DescError_DivisionByZero",
+        "IDS_DescError_CopyCycle",     "IDS_DescError_ControlCannotHold",
     };
     return kIds[static_cast<std::size_t>(code)];
 }

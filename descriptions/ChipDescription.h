@@ -54,14 +54,19 @@ struct Position {
     std::vector<BitRun> runs;
 };
 
+// A field's value as shown: wide enough for every value of a 32-bit field, signed or not.
+using Value = std::int64_t;
+
 enum class Colours : std::uint8_t {
     None,     // one value at one position
     Equal,    // one control; the value goes into every colour copy
     Separate, // a control per colour, each writing its own copy
-    Linked,   // a control per colour; every change writes all three, and with the page's link switch on
-              // the moved control's value goes to all three
+    Linked,   // a control per colour; every change writes every colour, and with the page's link switch
+              // on the moved control's value goes to all of them
 };
-inline constexpr int kColourCount = 3;
+// A page has one to kMaxColours colour copies of its registers; three unless it says otherwise.
+inline constexpr int kMaxColours = 8;
+inline constexpr int kDefaultColours = 3;
 
 enum class Coding : std::uint8_t {
     Plain,  // shown = stored
@@ -70,6 +75,9 @@ enum class Coding : std::uint8_t {
     Offset, // shown = stored + argument
     Set,    // the argument's bits are always written 1 and never shown
 };
+
+// How a field's bits hold a negative value (before an offset coding adds its argument).
+enum class Signedness : std::uint8_t { Unsigned, TwosComplement, SignMagnitude };
 
 enum class Control : std::uint8_t { None, Slider, Check, Combo, Number, Hex };
 
@@ -93,18 +101,19 @@ struct Field {
     int labelId = 0;
     Source source = Source::Block;
     Colours colours = Colours::None;
-    // One position for None; one per colour (red, green, blue) for the colour modes.
+    // One position for None; one per colour copy of the page for the colour modes.
     std::vector<Position> positions;
     Coding coding = Coding::Plain;
-    int codingArgument = 0;
-    int minimum = 0;
-    int maximum = 0;
+    Value codingArgument = 0;
+    Signedness signedness = Signedness::Unsigned;
+    Value minimum = 0;
+    Value maximum = 0;
     bool cutToWidth = false;
     // The control offers the range the host gives for this kind of value (within the field's own,
     // unless taken as the host gives it); empty: the field's range.
     std::string hostRange;
     bool hostRangeAsGiven = false;
-    std::optional<int> defaultValue;
+    std::optional<Value> defaultValue;
     Control control = Control::None;
     std::vector<Item> items;
     std::vector<int> itemCodes; // the value each item stands for, in the items' order
@@ -126,15 +135,17 @@ struct Field {
     OnFill onFill = OnFill::Nothing;
     Item group;      // consecutive fields of one group share a box titled with it
     int showIf = -1; // index of the field whose non-zero value shows this one
+    // Of one of the fields a repeated field stands for, its number from 1; "{n}" in its label and
+    // group title stands for it.
+    int copyNumber = 0;
 
     Item help;             // shown over the row's label and controls
     bool readOnly = false; // shown, never written: a status bit, a chip revision
 
     int Width() const;
-    // Controls this field has on the page: one per colour for Separate and Linked, else one.
-    int ControlCount() const {
-        return colours == Colours::Separate || colours == Colours::Linked ? kColourCount : 1;
-    }
+    bool PerColour() const { return colours == Colours::Separate || colours == Colours::Linked; }
+    // Controls this field has on the page: one per colour copy for Separate and Linked, else one.
+    int ControlCount() const { return PerColour() ? static_cast<int>(positions.size()) : 1; }
     bool Editable() const {
         return control != Control::None && !IsHostValue(source) && onFill != OnFill::HostCount && !readOnly;
     }
@@ -157,9 +168,10 @@ struct Page {
     int formatVersion = 1;
     Title title = Title::Caption;
     std::string titleString;
-    std::array<std::string, kColourCount> colourLabels{"IDS_Red", "IDS_Green", "IDS_Blue"};
+    int colourCount = kDefaultColours;
+    std::vector<Item> colourLabels{{"IDS_Red"}, {"IDS_Green"}, {"IDS_Blue"}};
     int stride = 2;
-    std::string link; // label of the link switch; empty: the page has none
+    Item link; // label of the link switch; empty: the page has none
     int linkId = 0;
     // By default the block, the 20-byte record and every other record a field lives in.
     std::vector<Source> changeTest{Source::Block, Source::Record20};
@@ -245,8 +257,10 @@ enum class ErrorCode : std::uint8_t {
     NewerFormat,
     BadFormula,     // detail: the column where a formula stops making sense
     DivisionByZero, // detail: the column of a division by a constant zero
+    CopyCycle,
+    ControlCannotHold,
 };
-inline constexpr std::size_t kErrorCodeCount = 24;
+inline constexpr std::size_t kErrorCodeCount = 26;
 
 struct ParseError {
     int line = 0;
@@ -268,21 +282,27 @@ ParseResult Parse(std::string_view text, const KnownStringId& known);
 // ---- the values of fields ---------------------------------------------------------------------
 
 // The stored bits of a field's value, runs concatenated most significant first.
-int ReadStored(const Position& position, std::span<const std::uint8_t> record);
-void WriteStored(const Position& position, std::span<std::uint8_t> record, int stored);
+std::uint32_t ReadStored(const Position& position, std::span<const std::uint8_t> record);
+void WriteStored(const Position& position, std::span<std::uint8_t> record, std::uint32_t stored);
 
-int Decode(const Field& field, int stored);
-int Encode(const Field& field, int shown);
+Value Decode(const Field& field, std::uint32_t stored);
+// A value outside the codable range keeps its low bits (its magnitude's, for sign and magnitude).
+std::uint32_t Encode(const Field& field, Value shown);
 // The values a field can show, lowest and highest, before any range of its own.
-std::pair<int, int> CodableRange(const Field& field);
+std::pair<Value, Value> CodableRange(const Field& field);
 // The combo item standing for a value, or -1: a code the chip holds that no item names, which the
 // page shows as its number and never writes.
-int ItemOf(const Field& field, int value);
+int ItemOf(const Field& field, Value value);
 // Every bit of the field, in every copy, taken from `from` into `into`.
 void CopyFieldBits(const Field& field, std::span<const std::uint8_t> from, std::span<std::uint8_t> into);
 
 // Colour 0 stands for the field when it has one position.
-int ReadValue(const Field& field, std::span<const std::uint8_t> record, int colour);
-void WriteValue(const Field& field, std::span<std::uint8_t> record, int colour, int value);
+Value ReadValue(const Field& field, std::span<const std::uint8_t> record, int colour);
+void WriteValue(const Field& field, std::span<std::uint8_t> record, int colour, Value value);
+
+// A hex control shows a field's bits as this many lower-case digits, and takes one to as many.
+int HexDigits(const Field& field);
+std::wstring FormatHex(std::uint32_t value, int digits);
+std::optional<std::uint32_t> ParseHex(std::wstring_view text, int digits);
 
 } // namespace chipdesc

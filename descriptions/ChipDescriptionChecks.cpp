@@ -34,8 +34,8 @@ bool Parser::FinishField(FieldDraft& draft) {
         return Fail(field.line, ErrorCode::MissingKey, "label");
     const bool placed =
         IsHostValue(field.source) ? FinishHostValue(draft) : PlaceBits(draft) && CheckBits(draft);
-    return placed && FitRange(draft) && CheckKeysAgree(draft) && CheckCurrentKeys(draft) &&
-           CheckReadOnly(draft);
+    return placed && CheckSign(draft) && FitRange(draft) && CheckControlHolds(draft) &&
+           CheckKeysAgree(draft) && CheckCurrentKeys(draft) && CheckReadOnly(draft);
 }
 
 // A value the host reports has no bits, one value, and a range of its own.
@@ -53,26 +53,29 @@ bool Parser::FinishHostValue(FieldDraft& draft) {
     return true;
 }
 
-// A position per colour copy: the three the bits give, or red's repeated at the stride.
+// A position per colour copy: one each as the bits give them, or the first colour's repeated at the
+// stride; all of them moved by the field's offset.
 bool Parser::PlaceBits(FieldDraft& draft) {
     Field& field = draft.field;
+    const int colours = m_description.page.colourCount;
     if (draft.alternatives.empty())
         return Fail(field.line, ErrorCode::MissingKey, "bits");
-    if (field.colours == Colours::None) {
-        if (draft.alternatives.size() != 1)
-            return Fail(draft.LineOf("bits"), ErrorCode::BadBits, "|");
-        field.positions = draft.alternatives;
-    } else if (draft.alternatives.size() == kColourCount) {
-        field.positions = draft.alternatives;
-    } else {
-        const int stride = draft.fieldStride > 0 ? draft.fieldStride : m_description.page.stride;
-        for (int colour = 0; colour < kColourCount; ++colour) {
-            Position position = draft.alternatives[0];
-            for (BitRun& run : position.runs)
-                for (BitCopy& copy : run.copies)
-                    copy.byte = static_cast<std::uint16_t>(copy.byte + colour * stride);
-            field.positions.push_back(std::move(position));
-        }
+    if (draft.alternatives.size() != 1 &&
+        (field.colours == Colours::None || static_cast<int>(draft.alternatives.size()) != colours))
+        return Fail(draft.LineOf("bits"), ErrorCode::BadBits, "|");
+    const int stride = draft.fieldStride > 0 ? draft.fieldStride : m_description.page.stride;
+    const int copies = field.colours == Colours::None ? 1 : colours;
+    for (int colour = 0; colour < copies; ++colour) {
+        const bool repeated = draft.alternatives.size() == 1;
+        Position position = draft.alternatives[repeated ? 0 : static_cast<std::size_t>(colour)];
+        for (BitRun& run : position.runs)
+            for (BitCopy& copy : run.copies) {
+                const int byte = copy.byte + draft.offset + (repeated ? colour * stride : 0);
+                if (byte < 0 || byte > 0xFFFF)
+                    return Fail(draft.LineOf("bits"), ErrorCode::OutsideRecord, std::to_string(byte));
+                copy.byte = static_cast<std::uint16_t>(byte);
+            }
+        field.positions.push_back(std::move(position));
     }
     return true;
 }
@@ -97,7 +100,7 @@ bool Parser::CheckBits(FieldDraft& draft) {
             return Fail(bitsLine, ErrorCode::BadBits, std::to_string(positionWidth) + " bits");
         width = positionWidth;
     }
-    const int mask = (1 << width) - 1;
+    const Value mask = (Value{1} << width) - 1;
     if ((field.coding == Coding::Xor || field.coding == Coding::Set) && (field.codingArgument & ~mask))
         return Fail(draft.LineOf("coding"), ErrorCode::RangeDoesNotFit, std::to_string(field.codingArgument));
     return true;
@@ -129,10 +132,10 @@ bool Parser::FitRange(FieldDraft& draft) {
     case Control::Hex:
         if (field.readOnly) // shown in as many digits as it takes
             break;
-        if (field.Width() != 8 || field.coding != Coding::Plain)
-            return Fail(draft.LineOf("bits"), ErrorCode::RangeDoesNotFit, "0..255");
+        if (field.coding != Coding::Plain)
+            return Fail(draft.LineOf("coding"), ErrorCode::BadValue, "hex");
         field.minimum = 0;
-        field.maximum = 255;
+        field.maximum = high;
         return true;
     default:
         break;
@@ -183,14 +186,15 @@ bool Parser::CheckKeysAgree(FieldDraft& draft) {
 // The current read-out belongs to a value per colour that the operator sets.
 bool Parser::CheckCurrentKeys(FieldDraft& draft) {
     const Field& field = draft.field;
-    if (draft.Has("current") && (field.ControlCount() != kColourCount || !field.Editable()))
+    const auto colours = static_cast<std::size_t>(m_description.page.colourCount);
+    if (draft.Has("current") && (!field.PerColour() || !field.Editable()))
         return Fail(draft.LineOf("current"), ErrorCode::BadValue, "current");
     for (const char* key :
          {"current-switch-id", "reference-ids", "fraction-ids", "current-ids", "reference-decimals"})
         if (draft.Has(key) && field.current.empty())
             return Fail(draft.LineOf(key), ErrorCode::MissingKey, "current");
     for (const auto& [key, ids] : CurrentIdLists(field))
-        if (!ids->empty() && ids->size() != kColourCount)
+        if (!ids->empty() && ids->size() != colours)
             return Fail(draft.LineOf(key), ErrorCode::BadValue, key);
     return true;
 }
@@ -222,7 +226,7 @@ bool Parser::ConnectFields() {
                 return Fail(draft.LineOf("show-if"), ErrorCode::UnknownField, draft.showIfName);
             draft.field.showIf = static_cast<int>(found - m_drafts.begin());
         }
-        if (draft.field.colours == Colours::Linked && m_description.page.link.empty())
+        if (draft.field.colours == Colours::Linked && m_description.page.link.text.empty())
             return Fail(draft.LineOf("colours"), ErrorCode::MissingKey, "link");
     }
     return true;

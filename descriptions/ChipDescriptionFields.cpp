@@ -6,7 +6,7 @@
 
 namespace chipdesc {
 
-int ItemOf(const Field& field, int value) {
+int ItemOf(const Field& field, Value value) {
     const auto found = std::find(field.itemCodes.begin(), field.itemCodes.end(), value);
     return found == field.itemCodes.end() ? -1 : static_cast<int>(found - field.itemCodes.begin());
 }
@@ -23,7 +23,7 @@ void CopyFieldBits(const Field& field, std::span<const std::uint8_t> from, std::
             }
 }
 
-std::wstring ValueText(const Field& field, int value, const LayoutTexts& texts) {
+std::wstring ValueText(const Field& field, Value value, const LayoutTexts& texts) {
     if (field.control == Control::Combo) {
         const int item = ItemOf(field, value);
         return item >= 0 ? ItemText(field.items[static_cast<std::size_t>(item)], texts)
@@ -31,8 +31,8 @@ std::wstring ValueText(const Field& field, int value, const LayoutTexts& texts) 
     }
     if (field.control == Control::Hex) { // two digits, more where the field's values need them
         std::wstring digits;
-        auto rest = static_cast<unsigned>(value);
-        for (auto widest = static_cast<unsigned>(std::max(field.maximum, 0xFF)); widest;
+        auto rest = static_cast<std::uint32_t>(value);
+        for (auto widest = static_cast<std::uint32_t>(std::max<Value>(field.maximum, 0xFF)); widest;
              widest >>= 4, rest >>= 4)
             digits.insert(digits.begin(), L"0123456789abcdef"[rest & 0xF]);
         return digits;

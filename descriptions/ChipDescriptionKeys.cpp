@@ -49,6 +49,23 @@ bool ParseInt(std::string_view text, int& value) {
     return true;
 }
 
+bool ParseValue(std::string_view text, Value& value) {
+    const bool negative = !text.empty() && text.front() == '-';
+    if (negative)
+        text.remove_prefix(1);
+    int base = 10;
+    if (text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X')) {
+        base = 16;
+        text.remove_prefix(2);
+    }
+    std::uint32_t parsed = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), parsed, base);
+    if (text.empty() || error != std::errc() || end != text.data() + text.size())
+        return false;
+    value = negative ? -static_cast<Value>(parsed) : static_cast<Value>(parsed);
+    return true;
+}
+
 bool ParseStep(std::string_view text, double& value) {
     int whole = 0;
     const std::size_t point = text.find('.');
@@ -237,21 +254,6 @@ template <auto member, bool dashes = true> bool Name(KeyValue& v) {
     return true;
 }
 
-template <auto member> bool StringId(KeyValue& v) {
-    return v.StringId(v.value, Into(v, member));
-}
-
-// As many string ids as the member holds.
-template <auto member> bool StringIds(KeyValue& v) {
-    auto& ids = Into(v, member);
-    if (v.words.size() != ids.size())
-        return v.Fail(v.value);
-    for (std::size_t i = 0; i < ids.size(); ++i)
-        if (!v.StringId(v.words[i], ids[i]))
-            return false;
-    return true;
-}
-
 template <auto member> bool Text(KeyValue& v) {
     return v.Text(v.value, Into(v, member));
 }
@@ -294,6 +296,15 @@ template <auto member, int lowest = INT_MIN, int highest = INT_MAX> bool Number(
     return true;
 }
 
+// A field's value: as wide as 32 bits, or as far below zero.
+template <auto member> bool FieldValue(KeyValue& v) {
+    Value parsed = 0;
+    if (!ParseValue(v.value, parsed))
+        return v.Fail(v.value);
+    Into(v, member) = parsed;
+    return true;
+}
+
 template <auto member> bool Step(KeyValue& v) {
     return ParseStep(v.value, Into(v, member)) || v.Fail(v.value);
 }
@@ -301,10 +312,10 @@ template <auto member> bool Step(KeyValue& v) {
 // "MIN..MAX".
 template <auto minimum, auto maximum> bool Range(KeyValue& v) {
     const std::size_t dots = v.value.find("..");
-    int& low = Into(v, minimum);
-    int& high = Into(v, maximum);
-    if (dots == std::string_view::npos || !ParseInt(Trim(v.value.substr(0, dots)), low) ||
-        !ParseInt(Trim(v.value.substr(dots + 2)), high) || low > high)
+    Value& low = Into(v, minimum);
+    Value& high = Into(v, maximum);
+    if (dots == std::string_view::npos || !ParseValue(Trim(v.value.substr(0, dots)), low) ||
+        !ParseValue(Trim(v.value.substr(dots + 2)), high) || low > high)
         return v.Fail(v.value);
     return true;
 }
@@ -419,16 +430,15 @@ template <auto coding, auto argument> bool CodingWithArgument(KeyValue& v) {
         const bool takesArgument = code == Coding::Xor || code == Coding::Offset || code == Coding::Set;
         if (v.words.size() != (takesArgument ? 2u : 1u))
             return v.Fail(v.value);
-        int& value = Into(v, argument);
-        if (takesArgument && (!ParseInt(v.words[1], value) || (code != Coding::Offset && value < 0) ||
-                              value > 0xFFFF || value < -0xFFFF))
+        Value& value = Into(v, argument);
+        if (takesArgument && (!ParseValue(v.words[1], value) || (code != Coding::Offset && value < 0)))
             return v.Fail(v.words[1]);
         return true;
     }
     return v.Fail(v.value);
 }
 
-// Positions: one, or red's, green's and blue's separated by '|'.
+// Positions: one, or one per colour copy separated by '|' (counted once the page is read).
 template <auto member> bool Bits(KeyValue& v) {
     std::vector<Position>& alternatives = Into(v, member);
     std::size_t start = 0;
@@ -443,8 +453,32 @@ template <auto member> bool Bits(KeyValue& v) {
             break;
         start = bar + 1;
     }
-    if (alternatives.size() != 1 && alternatives.size() != kColourCount)
-        return v.Fail(v.value, ErrorCode::BadBits);
+    return true;
+}
+
+// The colours' names, each a string id or a quoted text; as many as the page's colours, counted once
+// the page is read.
+template <auto member> bool ColourTexts(KeyValue& v) {
+    std::vector<Item>& labels = Into(v, member);
+    labels.clear();
+    for (std::string_view word : v.words) {
+        Item label;
+        if (!v.Text(word, label))
+            return false;
+        labels.push_back(std::move(label));
+    }
+    return true;
+}
+
+// "COUNT every BYTES": the field stands for COUNT fields, each BYTES further on than the one before.
+template <auto count, auto every> bool Repeat(KeyValue& v) {
+    int times = 0;
+    int bytes = 0;
+    if (v.words.size() != 3 || v.words[1] != "every" || !ParseInt(v.words[0], times) || times < 1 ||
+        times > 64 || !ParseInt(v.words[2], bytes) || bytes < -0xFFFF || bytes > 0xFFFF)
+        return v.Fail(v.value);
+    Into(v, count) = times;
+    Into(v, every) = bytes;
     return true;
 }
 
@@ -462,6 +496,8 @@ constexpr std::pair<std::string_view, Control> kControls[] = {
     {"none", Control::None},   {"slider", Control::Slider}, {"check", Control::Check},
     {"combo", Control::Combo}, {"number", Control::Number}, {"hex", Control::Hex}};
 constexpr std::pair<std::string_view, std::string_view> kHostRanges[] = {{"gain", "gain"}};
+constexpr std::pair<std::string_view, Signedness> kSignedness[] = {
+    {"twos-complement", Signedness::TwosComplement}, {"sign-magnitude", Signedness::SignMagnitude}};
 constexpr std::pair<std::string_view, bool> kAccess[] = {{"read-write", false}, {"read-only", true}};
 constexpr std::pair<std::string_view, OnFill> kOnFill[] = {{"rewrite", OnFill::Rewrite},
                                                            {"count", OnFill::HostCount}};
@@ -476,9 +512,10 @@ constexpr Section R = Section::Rule;
 constexpr Key kKeys[] = {
     {"class", P, Name<&Page::className, false>, "the page class described"},
     {"title", P, PageTitle<&Page::title, &Page::titleString>, "the caption, or the chip model and a text"},
-    {"colour-labels", P, StringIds<&Page::colourLabels>, "the texts above the red, green and blue columns"},
+    {"colours", P, Number<&Page::colourCount, 1, kMaxColours>, "how many colour copies the registers have"},
+    {"colour-labels", P, ColourTexts<&Page::colourLabels>, "the texts above the colours' columns, in order"},
     {"stride", P, Number<&Page::stride, 1, 64>, "bytes from one colour's copy of a register to the next"},
-    {"link", P, StringId<&Page::link>, "the link switch's text; linked controls move together with it on"},
+    {"link", P, Text<&Page::link>, "the link switch's text; linked controls move together with it on"},
     {"link-id", P, Id<&Page::linkId>, "the link switch's control id"},
     {"change-test", P, Records<&Page::changeTest, true, true>, "what the change test compares, in order"},
     {"carry", P, Records<&Page::carry, false, false>, "records handed back unchanged with every write"},
@@ -507,7 +544,8 @@ constexpr Key kKeys[] = {
      "a range wider than the field, its low bits stored"},
     {"host-range", F, HostRange<&Field::hostRange, &Field::hostRangeAsGiven, kHostRanges>,
      "the range the host gives, within the field's or as given"},
-    {"default", F, Number<&Field::defaultValue>, "what the Default button writes"},
+    {"signed", F, Word<&Field::signedness, kSignedness>, "how the bits hold a negative value"},
+    {"default", F, FieldValue<&Field::defaultValue>, "what the Default button writes"},
     {"control", F, Word<&Field::control, kControls>, "the control that edits the field"},
     {"items", F, Items<&Field::items, &Field::itemCodes>,
      "the combo's items, in value order or with their values"},
@@ -525,6 +563,11 @@ constexpr Key kKeys[] = {
     {"group", F, Text<&Field::group>, "the title of the box around consecutive fields of a group"},
     {"on-fill", F, Word<&Field::onFill, kOnFill>, "what each fill from the chip writes into the field"},
     {"show-if", F, Name<&FieldDraft::showIfName>, "the field whose non-zero value shows this one"},
+    {"like", F, Name<&FieldDraft::likeName>, "the field this one copies, its own keys overriding"},
+    {"offset", F, Number<&FieldDraft::offset, -0xFFFF, 0xFFFF>,
+     "bytes the field lies further on than its bits say"},
+    {"repeat", F, Repeat<&FieldDraft::repeatCount, &FieldDraft::repeatEvery>,
+     "the field stands for this many, each so many bytes on"},
     {"help", F, Text<&Field::help>, "the help shown over the row's label and controls"},
     {"access", F, Word<&Field::readOnly, kAccess>, "read-write, or read-only: shown and never written"},
 

@@ -75,7 +75,7 @@ int LineOfOffset(std::string_view text, std::size_t offset) {
 } // namespace
 
 ParseResult Parser::Run(std::string_view text) {
-    if (!ReadText(text) || !CheckSections())
+    if (!ReadText(text) || !CheckSections() || !ResolveCopies() || !CheckColours())
         return *m_error;
     for (FieldDraft& draft : m_drafts)
         if (!FinishField(draft))
@@ -154,7 +154,11 @@ bool Parser::Line(int number, std::string_view line) {
     if (keyLines.count(key))
         return Fail(number, ErrorCode::DuplicateKey, key);
     keyLines.emplace(std::string(key), number);
-    return KeyLine(number, key, value);
+    FieldDraft* draft = *m_section == Section::Field ? &m_drafts.back() : nullptr;
+    const int column = static_cast<int>(value.data() - m_line.data()) + 1;
+    if (draft)
+        draft->keys.push_back({key, value, number, column});
+    return KeyLine(number, column, *m_section, key, value, draft);
 }
 
 bool Parser::Header(int number, std::string_view name) {
@@ -187,17 +191,16 @@ bool Parser::Header(int number, std::string_view name) {
     return Fail(number, ErrorCode::UnknownSection, name);
 }
 
-bool Parser::KeyLine(int number, std::string_view key, std::string_view value) {
-    FieldDraft* draft = *m_section == Section::Field ? &m_drafts.back() : nullptr;
-    const int column = static_cast<int>(value.data() - m_line.data()) + 1;
+bool Parser::KeyLine(int number, int column, Section section, std::string_view key, std::string_view value,
+                     FieldDraft* draft) {
     KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error, column};
-    if (*m_section == Section::Button)
+    if (section == Section::Button)
         keyValue.button = &m_buttons.back();
     if (*m_section == Section::Rule)
         keyValue.rule = &m_rules.back();
     if (!SplitWords(value, keyValue.words))
         return Fail(number, ErrorCode::BadValue, value);
-    const Key* found = FindKey(*m_section, key);
+    const Key* found = FindKey(section, key);
     if (!found)
         return Fail(number, ErrorCode::UnknownKey, key);
     return found->read(keyValue);

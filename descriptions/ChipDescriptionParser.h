@@ -13,7 +13,7 @@
 
 namespace chipdesc::detail {
 
-inline constexpr int kMaxFieldBits = 16;
+inline constexpr int kMaxFieldBits = 32;
 
 std::optional<Source> SourceNamed(std::string_view name);
 
@@ -21,6 +21,8 @@ bool IsSpace(char c);
 std::string_view Trim(std::string_view text);
 // Decimal, or hexadecimal after 0x; an optional minus sign.
 bool ParseInt(std::string_view text, int& value);
+// A field's value: as ParseInt, up to 0xFFFFFFFF either side of zero.
+bool ParseValue(std::string_view text, Value& value);
 // A small positive decimal: digits, at most one point.
 bool ParseStep(std::string_view text, double& value);
 // Letters, digits, '-' and '_'.
@@ -37,13 +39,27 @@ bool ParsePosition(std::string_view text, Position& position);
 // Keeps the first refusal; always false.
 bool Refuse(std::optional<ParseError>& error, int line, ErrorCode code, std::string_view detail);
 
+// One "key = value" line of a field, kept so that a field like it can read it again.
+struct KeyText {
+    std::string_view key;
+    std::string_view value;
+    int line = 0;
+    int column = 0; // of the value in its line, from 1
+};
+
 // What a field's keys said, with the line of each key, until the whole file is read.
 struct FieldDraft {
     Field field;
     std::map<std::string, int, std::less<>> keyLines;
+    // As written, in order; once a copy is resolved, with what it takes from its base.
+    std::vector<KeyText> keys;
     std::vector<Position> alternatives; // from bits: one, or one per colour
     int fieldStride = -1;
     std::string showIfName;
+    std::string likeName;
+    int offset = 0; // bytes added to every byte the bits name
+    int repeatCount = 0;
+    int repeatEvery = 0;
 
     int LineOf(std::string_view key) const {
         const auto found = keyLines.find(key);
@@ -122,7 +138,17 @@ private:
     bool ReadText(std::string_view text);
     bool Line(int number, std::string_view line);
     bool Header(int number, std::string_view name);
-    bool KeyLine(int number, std::string_view key, std::string_view value);
+    bool KeyLine(int number, int column, Section section, std::string_view key, std::string_view value,
+                 FieldDraft* draft);
+
+    // Fields declared once and used again (DescriptionReuse.cpp).
+    bool ResolveCopies();
+    bool Inherit(std::size_t index, std::size_t baseIndex);
+    bool ExpandRepeats();
+    // Colours, signs and what a control holds (DescriptionWideChecks.cpp).
+    bool CheckColours();
+    bool CheckSign(FieldDraft& draft);
+    bool CheckControlHolds(FieldDraft& draft);
 
     // Finishing and checking what they said (ChipDescriptionChecks.cpp).
     bool CheckSections();

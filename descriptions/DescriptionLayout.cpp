@@ -37,7 +37,7 @@ int ControlHeight(Control control) {
     }
 }
 
-std::wstring NumberText(const Field& field, int value, const LayoutTexts& texts) {
+std::wstring NumberText(const Field& field, Value value, const LayoutTexts& texts) {
     std::wstring text = std::to_wstring(value);
     if (!field.unit.text.empty())
         text += L" " + ItemText(field.unit, texts);
@@ -95,7 +95,7 @@ private:
         int gap = 0;
         int indent = 0;        // of rows in group boxes
         bool coloured = false; // a row has a control per colour
-        std::array<std::wstring, kColourCount> headers;
+        std::vector<std::wstring> headers;
         int X(int colour) const { return first + colour * (width + gap); }
     };
     struct GroupSpan {
@@ -140,8 +140,13 @@ int Planner::ControlWidth(const Field& field) const {
         return X(100);
     case Control::Check:
         return X(10);
-    case Control::Hex:
-        return X(20);
+    case Control::Hex: { // a byte's two digits as wide as the register editor's
+        const auto digits = static_cast<std::size_t>(HexDigits(field));
+        return digits <= 2
+                   ? X(20)
+                   : std::max(Measure(std::wstring(digits, L'0')), Measure(std::wstring(digits, L'd'))) +
+                         X(10);
+    }
     case Control::Combo: {
         int widest = 0;
         for (const Item& item : field.items)
@@ -162,8 +167,8 @@ int Planner::ControlWidth(const Field& field) const {
 
 int Planner::ReadoutWidth(const Field& field) const {
     int widest = 0;
-    for (const int value : {field.minimum, field.maximum, (field.minimum + field.maximum) / 2})
-        if (const auto text = FormatReadout(field.readout, value))
+    for (const Value value : {field.minimum, field.maximum, (field.minimum + field.maximum) / 2})
+        if (const auto text = FormatReadout(field.readout, static_cast<int>(value)))
             widest = std::max(widest, Measure(*text));
     return std::max(widest, FormulaWidth(field)) + X(2);
 }
@@ -215,8 +220,8 @@ int Planner::CurrentCellWidth(const Field& field) const {
         return 0;
     int widest = ReferenceWidth(field);
     for (const int reference : {1, kReferenceDefault})
-        for (const int value : {field.minimum, field.maximum})
-            if (const auto text = FormatCurrent(field.current, value, reference))
+        for (const Value value : {field.minimum, field.maximum})
+            if (const auto text = FormatCurrent(field.current, static_cast<int>(value), reference))
                 widest = std::max({widest, Measure(text->fraction), Measure(text->current)});
     return widest + X(2);
 }
@@ -239,7 +244,7 @@ void Planner::AddCurrentRows(int row, const Field& field, const Columns& columns
     for (const auto& current : rows) {
         Add(Role::Label, row, -1, 0, Translate(current.label),
             {labelX, y + Y(4), labelX + columns.labelWidth, y + Y(4) + Y(kLabelHeight)});
-        for (int colour = 0; colour < kColourCount; ++colour) {
+        for (int colour = 0; colour < m_description.page.colourCount; ++colour) {
             const int x = columns.X(colour);
             const int id = IdOr(current.ids, colour);
             if (current.role == Role::Reference) {
@@ -285,20 +290,20 @@ Planner::Columns Planner::MeasureColumns(const std::vector<int>& rows) const {
     bool grouped = false;
     for (const int row : rows) {
         const Field& field = m_description.fields[static_cast<std::size_t>(row)];
-        columns.labelWidth = std::max(columns.labelWidth, Measure(ItemText(field.label, m_texts)));
+        columns.labelWidth = std::max(columns.labelWidth, Measure(LabelText(field, m_texts)));
         if (!field.current.empty())
             for (const char* label : {"IDS_Reference", "IDS_GainFraction", "IDS_OutputCurrent"})
                 columns.labelWidth = std::max(columns.labelWidth, Measure(Translate(label)));
         grouped = grouped || !field.group.text.empty();
-        if (field.ControlCount() == kColourCount) {
+        if (field.PerColour()) {
             columns.coloured = true;
             columns.width = std::max(columns.width, CellWidth(field));
         }
     }
     if (columns.coloured)
-        for (int colour = 0; colour < kColourCount; ++colour) {
-            columns.headers[colour] = Translate(m_description.page.colourLabels[colour]);
-            columns.width = std::max(columns.width, Measure(columns.headers[colour]));
+        for (const Item& label : m_description.page.colourLabels) {
+            columns.headers.push_back(ItemText(label, m_texts));
+            columns.width = std::max(columns.width, Measure(columns.headers.back()));
         }
     columns.indent = grouped ? X(kGroupIndent) : 0;
     columns.labelX = X(kMargin) + columns.indent;
@@ -309,15 +314,15 @@ Planner::Columns Planner::MeasureColumns(const std::vector<int>& rows) const {
 
 void Planner::AddSwitchAndHeaders(const Columns& columns, int& y) {
     const Page& page = m_description.page;
-    if (!page.link.empty()) {
-        const std::wstring text = Translate(page.link);
+    if (!page.link.text.empty()) {
+        const std::wstring text = ItemText(page.link, m_texts);
         const int id = page.linkId ? page.linkId : NextId();
         Add(Role::LinkSwitch, -1, -1, id, text,
             {columns.labelX, y + Y(1), columns.labelX + Measure(text) + X(14), y + Y(11)});
         y += Y(14);
     }
     if (columns.coloured) {
-        for (int colour = 0; colour < kColourCount; ++colour)
+        for (int colour = 0; colour < static_cast<int>(columns.headers.size()); ++colour)
             Add(Role::ColourHeader, -1, colour, 0, columns.headers[colour],
                 {columns.X(colour), y, columns.X(colour) + columns.width, y + Y(kLabelHeight)});
         y += Y(11);
@@ -328,26 +333,34 @@ std::vector<Planner::GroupSpan> Planner::AddRows(const std::vector<int>& rows, c
                                                  int& y) {
     std::vector<GroupSpan> groups;
     Item group;
+    std::wstring title;
     auto closeGroup = [&] {
         if (group.text.empty())
             return;
         groups.back().bottom = y + Y(kGroupBottom);
         y += Y(kGroupBottom) + Y(kGroupGap);
+        m_plan.bands.back().bottom = y;
     };
     for (const int row : rows) {
         const Field& field = m_description.fields[static_cast<std::size_t>(row)];
-        if (field.group.text != group.text || field.group.literal != group.literal) {
+        const std::wstring fieldTitle = NumberedText(field.group, field.copyNumber, m_texts);
+        if (field.group.text != group.text || field.group.literal != group.literal || fieldTitle != title) {
             closeGroup();
             group = field.group;
+            title = fieldTitle;
             if (!group.text.empty()) {
-                groups.push_back({ItemText(group, m_texts), y, 0});
+                groups.push_back({title, y, 0});
+                m_plan.bands.push_back({y, y});
                 y += Y(kGroupTitle);
             }
         }
+        if (group.text.empty())
+            m_plan.bands.push_back({y, y});
         AddFieldRow(row, columns, y);
         y += Y(kRow);
         if (!field.current.empty())
             AddCurrentRows(row, field, columns, y);
+        m_plan.bands.back().bottom = y;
     }
     closeGroup();
     return groups;
@@ -355,13 +368,13 @@ std::vector<Planner::GroupSpan> Planner::AddRows(const std::vector<int>& rows, c
 
 void Planner::AddFieldRow(int row, const Columns& columns, int y) {
     const Field& field = m_description.fields[static_cast<std::size_t>(row)];
-    Add(Role::Label, row, -1, field.labelId, ItemText(field.label, m_texts),
+    Add(Role::Label, row, -1, field.labelId, LabelText(field, m_texts),
         {columns.labelX, y + Y(4), columns.labelX + columns.labelWidth, y + Y(4) + Y(kLabelHeight)});
     const int height = Y(ControlHeight(field.control));
     const int controlTop = y + (Y(kRow) - height) / 2;
     const int width = ControlWidth(field);
     for (int colour = 0; colour < field.ControlCount(); ++colour) {
-        const int x = field.ControlCount() == kColourCount ? columns.X(colour) : columns.first;
+        const int x = field.PerColour() ? columns.X(colour) : columns.first;
         const int id = IdOr(field.ids, colour);
         Rect rect{x, controlTop, x + width, controlTop + height};
         // A value only shown is a box of text: no list, no spin buttons.
@@ -448,6 +461,18 @@ std::wstring ItemText(const Item& item, const LayoutTexts& texts) {
     if (item.literal || !texts.translate)
         return Utf8ToWide(item.text);
     return texts.translate(item.text);
+}
+
+std::wstring NumberedText(const Item& item, int number, const LayoutTexts& texts) {
+    std::wstring text = ItemText(item, texts);
+    if (number > 0)
+        for (std::size_t at = text.find(L"{n}"); at != std::wstring::npos; at = text.find(L"{n}", at))
+            text.replace(at, 3, std::to_wstring(number));
+    return text;
+}
+
+std::wstring LabelText(const Field& field, const LayoutTexts& texts) {
+    return NumberedText(field.label, field.copyNumber, texts);
 }
 
 LayoutPlan PlanLayout(const Description& description, const LayoutTexts& texts, DialogUnits units) {

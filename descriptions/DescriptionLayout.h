@@ -53,10 +53,17 @@ struct PlannedWindow {
     int button = -1; // PageButton: the button's index
 };
 
+// Rows a page may move to another column only together: a group box with its rows, or a row outside
+// any group with the rows of its output-current read-out. Pixels from the top of the one-column plan.
+struct Band {
+    int top = 0, bottom = 0;
+};
+
 struct LayoutPlan {
     std::vector<PlannedWindow> windows;
     int width = 0;
     int height = 0;
+    std::vector<Band> bands; // top to bottom, each starting where the one before ends
 };
 
 struct LayoutTexts {
@@ -87,8 +94,11 @@ LayoutPlan PlanLayout(const Description& description, const LayoutTexts& texts, 
 
 // The text of an item, a unit or a label: translated unless written literally.
 std::wstring ItemText(const Item& item, const LayoutTexts& texts);
+// An item's text with "{n}" standing for a repeated field's number (none: left as written).
+std::wstring NumberedText(const Item& item, int number, const LayoutTexts& texts);
+std::wstring LabelText(const Field& field, const LayoutTexts& texts);
 // A value as a field shows it in text: its item's text (a code no item names as its number), hex
 // digits, or the number and its unit.
-std::wstring ValueText(const Field& field, int value, const LayoutTexts& texts);
+std::wstring ValueText(const Field& field, Value value, const LayoutTexts& texts);
 
 } // namespace chipdesc

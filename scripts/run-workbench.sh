@@ -15,6 +15,10 @@ cmake --preset windows >/dev/null
 cmake --build --preset windows -j "$(nproc)" --target RegvaneWorkbench regvane regvane_language_files
 
 export WINEPREFIX=$PWD/build/windows/wineprefix
+# REGVANE_LOG_PIXELS=144 runs it at 150 %, in a Wine prefix of its own (see cmake/wine-run.sh).
+if [[ ${REGVANE_LOG_PIXELS:-96} != 96 ]]; then
+  export WINEPREFIX=$WINEPREFIX-${REGVANE_LOG_PIXELS}dpi
+fi
 workbench=build/windows/App/Bin/RegvaneWorkbench.exe
 status=0
 if [[ -n "${DISPLAY:-}" ]]; then

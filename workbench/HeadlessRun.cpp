@@ -172,9 +172,10 @@ int RunScripted(const WorkbenchOptions& options, HostModule& module, SimulatedHo
 
     ChipStore store(options.profile);
     PageSession session(module, callback);
-    HeadlessFrame frame(session);
+    HeadlessFrame frame(session, {options.areaWidth, options.areaHeight});
     MessageBoxAnswerer boxes;
-    const PageSession::Opened opened = session.Open(chipType, subType, frame.View(), &store, options.reset);
+    const PageSession::Opened opened =
+        session.Open(chipType, subType, frame.RoomForPage(), &store, options.reset);
     if (!opened.warning.empty())
         std::fprintf(stderr, "warning: %s\n", opened.warning.c_str());
     const std::string pageClass = session.PageClass();
@@ -210,11 +211,11 @@ int RunDescribed(const WorkbenchOptions& options, HostModule& module, SimulatedH
         return kExitBadCommandLine;
     ChipStore store(options.profile);
     PageSession session(module, callback);
-    HeadlessFrame frame(session);
+    HeadlessFrame frame(session, {options.areaWidth, options.areaHeight});
     MessageBoxAnswerer boxes;
     std::string problem;
     const PageSession::Opened opened =
-        session.OpenDescription(options.describe, frame.View(), &store, options.reset, problem);
+        session.OpenDescription(options.describe, frame.RoomForPage(), &store, options.reset, problem);
     if (!opened.hasPage) {
         PrintLog(session, boxes);
         std::fprintf(stderr, "error: %s\n", problem.c_str());
@@ -280,7 +281,7 @@ PictureOutcome PicturePage(const CatalogEntry& entry, PageSession& session, Head
                            MessageBoxAnswerer& boxes, const std::wstring& folder, PagePicture& picture) {
     PictureOutcome outcome = PictureOutcome::Taken;
     const PageSession::Opened opened =
-        session.Open(entry.chipType, entry.subType, frame.View(), nullptr, true);
+        session.Open(entry.chipType, entry.subType, frame.RoomForPage(), nullptr, true);
     if (!opened.hasPage) {
         std::printf("no page\n");
         outcome = PictureOutcome::NoPage;
@@ -340,7 +341,7 @@ int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHo
     // Pages start from their chips' start values and save nothing: the pictures are the same run
     // after run, whatever anyone tried in the workbench before.
     PageSession session(module, callback);
-    HeadlessFrame frame(session);
+    HeadlessFrame frame(session, {options.areaWidth, options.areaHeight});
     MessageBoxAnswerer boxes;
     std::vector<PagePicture> pictures;
     int missing = 0, failed = 0;

@@ -40,13 +40,18 @@ HWND CreateHostView(HWND frame, int x, int y, int width, int height) {
                            y, width, height, frame, nullptr, GetModuleHandleW(nullptr), nullptr);
 }
 
-HeadlessFrame::HeadlessFrame(PageSession& session) {
+HeadlessFrame::HeadlessFrame(PageSession& session, SIZE area) : m_area(area) {
     RegisterClassOnce(kHeadlessFrameClass, HeadlessFrameProc);
     m_frame = CreateWindowExW(WS_EX_TOPMOST | WS_EX_CONTROLPARENT, kHeadlessFrameClass, L"RegvaneWorkbench",
                               WS_POPUP | WS_CLIPCHILDREN, 0, 0, 200, 100, nullptr, nullptr,
                               GetModuleHandleW(nullptr), nullptr);
     SetWindowLongPtrW(m_frame, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&session));
-    m_view = CreateHostView(m_frame, 0, 0, 200, 100);
+    m_view = CreateHostView(m_frame, 0, 0, area.cx, area.cy);
+}
+
+HWND HeadlessFrame::RoomForPage() const {
+    SetWindowPos(m_view, nullptr, 0, 0, m_area.cx, m_area.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+    return m_view;
 }
 
 HeadlessFrame::~HeadlessFrame() {

@@ -2,6 +2,8 @@
 // post requests (0x0904) to the parent of their parent, the frame, which hands them to the session.
 #pragma once
 
+#include "workbench/WorkbenchOptions.h"
+
 #include <windows.h>
 
 class PageSession;
@@ -13,19 +15,23 @@ HWND CreateHostView(HWND frame, int x, int y, int width, int height);
 // pictures: nothing of the workbench covers the page. User messages it receives go to the session.
 class HeadlessFrame {
 public:
-    explicit HeadlessFrame(PageSession& session);
+    // area: the room the view gives a page as it opens.
+    explicit HeadlessFrame(PageSession& session, SIZE area = {kDefaultAreaWidth, kDefaultAreaHeight});
     ~HeadlessFrame();
     HeadlessFrame(const HeadlessFrame&) = delete;
     HeadlessFrame& operator=(const HeadlessFrame&) = delete;
 
     HWND Frame() const { return m_frame; }
     HWND View() const { return m_view; }
+    // The view made the host's room again, for the next page to open in.
+    HWND RoomForPage() const;
     // Makes view and frame the size of the page and shows them.
     void FitPage(HWND page);
 
 private:
     HWND m_frame = nullptr;
     HWND m_view = nullptr;
+    SIZE m_area{};
 };
 
 // For a frame's window procedure: a page's request to the host, logged in the session.

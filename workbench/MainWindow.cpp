@@ -328,10 +328,16 @@ void MainWindow::FitToPage() {
     Refresh();
 }
 
+HWND MainWindow::RoomForPage() const {
+    SetWindowPos(m_view, nullptr, 0, 0, m_options.areaWidth, m_options.areaHeight,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    return m_view;
+}
+
 bool MainWindow::OpenPage(int chipType, int subType, bool reset) {
     m_describedPath.clear();
     AppendLog(m_session.TakeLog());
-    const PageSession::Opened opened = m_session.Open(chipType, subType, m_view, &m_store, reset);
+    const PageSession::Opened opened = m_session.Open(chipType, subType, RoomForPage(), &m_store, reset);
     m_openType = chipType;
     m_openSubType = subType;
     SetDlgItemInt(m_window, kSubTypeId, static_cast<UINT>(subType), FALSE);
@@ -375,8 +381,10 @@ bool MainWindow::OpenDescription(const std::wstring& path) {
     m_describedVersion = FileVersion(path);
     SetTimer(m_window, kDescriptionTimer, kDescriptionPollMs, nullptr);
     std::string problem;
-    const PageSession::Opened opened = m_session.OpenDescription(path, m_view, &m_store, false, problem);
+    const PageSession::Opened opened =
+        m_session.OpenDescription(path, RoomForPage(), &m_store, false, problem);
     if (!problem.empty()) {
+        Layout();
         AppendLog(m_session.TakeLog());
         AppendLog({"description " + DisplayPath(path) + " cannot be used: " + problem});
         SetStatus(problem + (opened.hasPage ? "  -  the last good page stays" : ""));

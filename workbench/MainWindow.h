@@ -56,6 +56,8 @@ private:
     void SelectRow(int chipType, int subType);
     void SaveSettings() const;
     void FitToPage();
+    // The view made the host's room (--area) again, for the next page to open in.
+    HWND RoomForPage() const;
     void ChooseDescription();
     void CheckDescriptionChanged();
 

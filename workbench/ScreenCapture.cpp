@@ -83,13 +83,19 @@ struct AreaSearch {
 };
 
 // The page's controls as they are now, whoever created them: the part of each visible one that its
-// parents let show, in picture coordinates.
+// parents let show, in picture coordinates. A control the page's edge cuts (a page scrolled part of
+// the way) is left out: the strip that shows may be all background.
 BOOL CALLBACK CollectArea(HWND control, LPARAM param) {
     auto* search = reinterpret_cast<AreaSearch*>(param);
     if (!IsWindowVisible(control) || DrawsNothing(control))
         return TRUE;
-    RECT shown{};
+    RECT shown{}, page{}, whole{};
     GetWindowRect(control, &shown);
+    GetClientRect(search->page, &page);
+    MapWindowPoints(search->page, nullptr, reinterpret_cast<POINT*>(&page), 2);
+    if (GetParent(control) == search->page &&
+        (!IntersectRect(&whole, &shown, &page) || !EqualRect(&whole, &shown)))
+        return TRUE;
     for (HWND parent = GetParent(control); parent && parent != search->page; parent = GetParent(parent)) {
         RECT client{};
         GetClientRect(parent, &client);

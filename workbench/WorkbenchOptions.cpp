@@ -32,6 +32,8 @@ const char* const kWorkbenchUsage =
   --describe FILE   the designer: opens the page a chip description renders on the simulated chip of
                     the class it describes, and draws it again whenever the file changes (the chip
                     keeps its bytes); a mistake shows in the log with file, line and reason
+  --area WxH        the room the host gives a page, in pixels (default 990x740): a described page
+                    taller than that flows into columns, and scrolls when it still does not fit
   --check-description FILE...
                     prints "FILE: ok" or "FILE:LINE: reason" for each chip description
 
@@ -106,6 +108,17 @@ std::string SetLanguage(const std::wstring& value, WorkbenchOptions& o) {
     return SetNumber(value, o.language, 1, 13, "--language", "the host's languages are 1 to 13");
 }
 
+std::string SetArea(const std::wstring& value, WorkbenchOptions& o) {
+    const std::size_t x = value.find(L'x');
+    const std::optional<int> width = Integer(value.substr(0, x));
+    const std::optional<int> height = x == std::wstring::npos ? std::nullopt : Integer(value.substr(x + 1));
+    if (!width || !height || *width < 1 || *height < 1)
+        return "--area " + Narrow(value) + ": write the width and height in pixels, e.g. 990x740";
+    o.areaWidth = *width;
+    o.areaHeight = *height;
+    return {};
+}
+
 std::string AddActions(const std::wstring& value, WorkbenchOptions& o) {
     if (!o.inlineActions.empty())
         o.inlineActions += ';';
@@ -151,6 +164,7 @@ constexpr ValueOption kValueOptions[] = {
     {L"--types", "chip type numbers separated by commas", SetTypes},
     {L"--describe", "a chip description file", SetText<&WorkbenchOptions::describe>},
     {L"--profile", "a folder", SetText<&WorkbenchOptions::profile>},
+    {L"--area", "a width and height in pixels, e.g. 990x740", SetArea},
 };
 
 constexpr std::pair<std::wstring_view, bool WorkbenchOptions::*> kSwitches[] = {

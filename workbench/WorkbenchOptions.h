@@ -5,6 +5,10 @@
 #include <string>
 #include <vector>
 
+// The room a host's view gives a page unless --area says otherwise, in pixels.
+inline constexpr int kDefaultAreaWidth = 990;
+inline constexpr int kDefaultAreaHeight = 740;
+
 struct WorkbenchOptions {
     bool help = false;
     bool list = false;     // print every chip page the workbench knows and stop
@@ -21,6 +25,9 @@ struct WorkbenchOptions {
     bool reset = false;         // start the chip from its start values, forgetting what was saved
     std::wstring describe;      // a chip description to open (the designer), redrawn when it changes
     std::vector<std::wstring> checkDescriptions; // chip descriptions to check, then stop
+    // The room the host's view gives a page before it opens, in pixels.
+    int areaWidth = kDefaultAreaWidth;
+    int areaHeight = kDefaultAreaHeight;
 };
 
 // The workbench's exit status, as --help lists it.

@@ -1,9 +1,9 @@
 #include "dialogs/described/DescribedPage.h"
 
+#include "descriptions/DescriptionFlow.h"
 #include "descriptions/DescriptionFormula.h"
 #include "descriptions/DescriptionLayout.h"
 #include "descriptions/DescriptionReadouts.h"
-#include "dialogs/chips/ChipRegModifyModel.h"
 #include "dialogs/common/HostRecords.h"
 #include "framework/ModuleInstance.h"
 #include "framework/NumberEdit.h"
@@ -15,6 +15,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <map>
 #include <optional>
@@ -210,7 +211,7 @@ std::unique_ptr<CNumberEdit> CDescribedPage::MakeEdit(const PlannedWindow& plann
         edit->SetStep(field->step);
         if (!field->unit.text.empty())
             edit->SetUnit(ItemText(field->unit, texts));
-        edit->SetValue(SnapshotValue(*field, planned.colour));
+        edit->SetValue(static_cast<double>(SnapshotValue(*field, planned.colour)));
     } else if (planned.role == Role::Reference) {
         edit = std::make_unique<CNumberEdit>();
         edit->SetRange(kReferenceMin, kReferenceMax);
@@ -225,8 +226,11 @@ void CDescribedPage::AddControlSlot(const PlannedWindow& planned, HWND window, s
     ControlSlot slot{planned.field, planned.colour, planned.id, window, nullptr, std::move(edit), {}};
     switch (field.readOnly ? Control::None : field.control) {
     case Control::Slider:
-        ::SendMessageW(window, TBM_SETRANGEMIN, FALSE, field.minimum);
-        ::SendMessageW(window, TBM_SETRANGEMAX, TRUE, field.maximum);
+        ::SendMessageW(window, TBM_SETRANGEMIN, FALSE, static_cast<LPARAM>(field.minimum));
+        ::SendMessageW(window, TBM_SETRANGEMAX, TRUE, static_cast<LPARAM>(field.maximum));
+        // A position still inside the new range leaves Wine's thumb where the old range drew it.
+        if (field.minimum < 0)
+            ::SendMessageW(window, TBM_SETPOS, TRUE, static_cast<LPARAM>(field.minimum));
         break;
     case Control::Combo: {
         LayoutTexts texts;
@@ -248,7 +252,14 @@ void CDescribedPage::AddControlSlot(const PlannedWindow& planned, HWND window, s
 
 void CDescribedPage::CreateControls() {
     const HFONT font = reinterpret_cast<HFONT>(SendMessage(WM_GETFONT));
-    const LayoutPlan& plan = Plan(font);
+    // The room: the host's view, and never less than the class's own template, which hosts make room for.
+    RECT frame{}, view{};
+    ::GetClientRect(m_hWnd, &frame);
+    ::GetClientRect(::GetParent(m_hWnd), &view);
+    const PageArea area{std::max(frame.right, view.right), std::max(frame.bottom, view.bottom),
+                        ::GetSystemMetrics(SM_CXVSCROLL)};
+    const FlowedPlan flowed = FlowIntoColumns(Plan(font), area);
+    const LayoutPlan& plan = flowed.plan;
     const std::vector<Field>& fields = m_description->fields;
     m_fieldWindows.assign(fields.size(), {});
     CNumberEdit* lastEdit = nullptr;
@@ -306,23 +317,36 @@ void CDescribedPage::CreateControls() {
         if (planned.role == Role::Control)
             AddControlSlot(planned, window, std::move(edit));
     }
-    ::SetWindowPos(m_hWnd, nullptr, 0, 0, plan.width, plan.height,
-                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    FitToHostArea(plan, flowed.scrolls ? area.height : 0);
 }
 
-int CDescribedPage::SnapshotValue(const chipdesc::Field& field, int colour) const {
+void CDescribedPage::FitToHostArea(const LayoutPlan& plan, int scrolledHeight) {
+    if (!scrolledHeight) {
+        ::SetWindowPos(m_hWnd, nullptr, 0, 0, plan.width, plan.height,
+                       SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        return;
+    }
+    ::SetWindowLongPtrW(m_hWnd, GWL_STYLE, ::GetWindowLongPtrW(m_hWnd, GWL_STYLE) | WS_VSCROLL);
+    ::SetWindowPos(m_hWnd, nullptr, 0, 0, plan.width + ::GetSystemMetrics(SM_CXVSCROLL), scrolledHeight,
+                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    RECT row{0, 0, 0, 16}; // a row of the layout, in dialog units
+    ::MapDialogRect(m_hWnd, &row);
+    m_scroller.Attach(m_hWnd, plan.height, row.bottom);
+}
+
+Value CDescribedPage::SnapshotValue(const chipdesc::Field& field, int colour) const {
     const std::span<const std::uint8_t> snapshot = Changes().Snapshot(field.source);
     return snapshot.empty() ? field.minimum : ReadValue(field, snapshot, colour);
 }
 
-void CDescribedPage::ShowValue(ControlSlot& slot, int value) {
+void CDescribedPage::ShowValue(ControlSlot& slot, Value value) {
     if (FieldOf(slot).readOnly) {
         ShowReadOnlyValue(slot, value);
         return;
     }
     switch (FieldOf(slot).control) {
     case Control::Slider:
-        ::SendMessageW(slot.window, TBM_SETPOS, TRUE, value);
+        ::SendMessageW(slot.window, TBM_SETPOS, TRUE, static_cast<LPARAM>(value));
         break;
     case Control::Check:
         ::SendMessageW(slot.window, BM_SETCHECK, value ? BST_CHECKED : BST_UNCHECKED, 0);
@@ -333,11 +357,11 @@ void CDescribedPage::ShowValue(ControlSlot& slot, int value) {
     case Control::Number:
         // An edit that holds the value already is left alone (and so is what an operator is typing
         // into it when the host has the chip read again).
-        if (slot.edit->GetValueInt() != value)
-            slot.edit->SetValue(value);
+        if (slot.edit->GetValue() != static_cast<double>(value))
+            slot.edit->SetValue(static_cast<double>(value));
         break;
     case Control::Hex:
-        slot.shownText = FormatRawByte(static_cast<std::uint8_t>(value));
+        slot.shownText = FormatHex(static_cast<std::uint32_t>(value), HexDigits(FieldOf(slot)));
         ::SetWindowTextW(slot.window, slot.shownText.c_str());
         break;
     case Control::None:
@@ -345,7 +369,7 @@ void CDescribedPage::ShowValue(ControlSlot& slot, int value) {
     }
 }
 
-int CDescribedPage::ControlValue(const ControlSlot& slot) const {
+Value CDescribedPage::ControlValue(const ControlSlot& slot) const {
     switch (FieldOf(slot).control) {
     case Control::Slider:
         return static_cast<int>(::SendMessageW(slot.window, TBM_GETPOS, 0, 0));
@@ -354,14 +378,14 @@ int CDescribedPage::ControlValue(const ControlSlot& slot) const {
     case Control::Combo:
         return ItemValue(slot);
     case Control::Number:
-        return slot.edit->GetValueInt();
+        return std::llround(slot.edit->GetValue());
     default:
         break;
     }
     return 0;
 }
 
-void CDescribedPage::ShowChipValue(ControlSlot& slot, int value) {
+void CDescribedPage::ShowChipValue(ControlSlot& slot, Value value) {
     slot.value = value;
     ShowValue(slot, value);
     UpdateReadout(slot);
@@ -394,7 +418,7 @@ void CDescribedPage::UpdateReadoutsNaming(int field) const {
 }
 
 void CDescribedPage::ShowHostValue(Source source) {
-    const int value = Chip() ? ReadHostValue(*Chip(), source) : 0;
+    const Value value = Chip() ? ReadHostValue(*Chip(), source) : 0;
     for (ControlSlot& slot : m_slots)
         if (FieldOf(slot).source == source)
             ShowChipValue(slot, value);
@@ -423,7 +447,7 @@ void CDescribedPage::ShowSwitches() {
     if (m_linkId)
         CheckButton(m_linkId, LinkSwitch() != 0);
     if (m_currentSwitchId) {
-        for (int colour = 0; colour < kColourCount; ++colour)
+        for (int colour = 0; colour < m_description->page.colourCount; ++colour)
             if (CNumberEdit* reference = m_current[static_cast<std::size_t>(colour)].reference.get();
                 reference && reference->GetValue() != Settings().reference[static_cast<std::size_t>(colour)])
                 reference->SetValue(Settings().reference[static_cast<std::size_t>(colour)]);
@@ -436,12 +460,12 @@ void CDescribedPage::UpdateCurrent(int colour) {
     const CurrentColour& current = m_current[static_cast<std::size_t>(colour)];
     if (!current.reference)
         return;
-    int value = 0;
+    Value value = 0;
     for (const ControlSlot& slot : m_slots)
         if (slot.field == m_currentField && slot.colour == colour)
             value = slot.value;
     const auto text = FormatCurrent(m_description->fields[static_cast<std::size_t>(m_currentField)].current,
-                                    value, current.reference->GetValue());
+                                    static_cast<int>(value), current.reference->GetValue());
     if (!text)
         return;
     ::SetWindowTextW(current.fraction, text->fraction.c_str());
@@ -451,7 +475,7 @@ void CDescribedPage::UpdateCurrent(int colour) {
 void CDescribedPage::UpdateCurrentGroup() {
     // The read-out is greyed while the operator has not asked for it, and left as it was.
     const bool show = Settings().showCurrent != 0;
-    for (int colour = 0; colour < kColourCount; ++colour) {
+    for (int colour = 0; colour < m_description->page.colourCount; ++colour) {
         const CurrentColour& current = m_current[static_cast<std::size_t>(colour)];
         for (HWND window : {current.reference ? current.reference->GetSafeHwnd() : nullptr, current.fraction,
                             current.current})
@@ -505,8 +529,7 @@ CDescribedPage::ControlSlot* CDescribedPage::SlotWithWindow(HWND window) {
     return nullptr;
 }
 
-void CDescribedPage::ChangeField(int fieldIndex, const std::array<int, kColourCount>& values,
-                                 const std::array<bool, kColourCount>& touched) {
+void CDescribedPage::ChangeField(int fieldIndex, const ColourValues& values, const ColourFlags& touched) {
     std::vector<const Rule*> warnings;
     if (!RulesAllowChange(fieldIndex, values, warnings))
         return;
@@ -545,7 +568,7 @@ void CDescribedPage::ChangeField(int fieldIndex, const std::array<int, kColourCo
         ShowFieldsTheyAllow(records, read);
     }
     if (fieldIndex == m_currentField && Settings().showCurrent)
-        for (int colour = 0; colour < kColourCount; ++colour)
+        for (int colour = 0; colour < m_description->page.colourCount; ++colour)
             UpdateCurrent(colour);
     ReportChange();
     TellRules(warnings);
@@ -556,12 +579,12 @@ void CDescribedPage::OnControlChanged(ControlSlot& slot) {
     // A code no item names stays as the chip holds it until the operator picks an item.
     if (!CanWrite() || !field.Editable() || (field.control == Control::Combo && ShowsUnnamedValue(slot)))
         return;
-    std::array<int, kColourCount> values{};
-    std::array<bool, kColourCount> touched{};
-    const int value = ControlValue(slot);
+    ColourValues values{};
+    ColourFlags touched{};
+    const Value value = ControlValue(slot);
     if (field.colours == Colours::Linked) {
-        // Every change writes the three colours; linked, the moved control sets the other two, else
-        // they keep what the chip holds.
+        // Every change writes every colour; linked, the moved control sets the others, else they keep
+        // what the chip holds.
         const bool linked = LinkSwitch() != 0;
         for (ControlSlot& other : m_slots) {
             if (other.field != slot.field)
@@ -585,15 +608,20 @@ void CDescribedPage::OnHexEdited(ControlSlot& slot) {
     if (!CanWrite() || !FieldOf(slot).Editable())
         return;
     const std::wstring typed = CWnd(slot.window).GetWindowText();
-    const std::optional<std::uint8_t> value = ParseRawByte(typed);
-    if (!value) {
-        MsgBox(m_hWnd, Tr(L"IDS_INPUT_TIP"), ApplicationName(), MB_OK | MB_ICONINFORMATION);
+    const Field& field = FieldOf(slot);
+    const std::optional<std::uint32_t> value = ParseHex(typed, HexDigits(field));
+    if (!value || *value > field.maximum) {
+        // A byte's hex edit says what the register editor's do; a wider one says how far it goes.
+        std::wstring tip = Tr(field.Width() == 8 ? L"IDS_INPUT_TIP" : L"IDS_HexValueTip");
+        if (const std::size_t at = tip.find(L"{max}"); at != std::wstring::npos)
+            tip.replace(at, 5, FormatHex(static_cast<std::uint32_t>(field.maximum), HexDigits(field)));
+        MsgBox(m_hWnd, tip, ApplicationName(), MB_OK | MB_ICONINFORMATION);
         ::SetWindowTextW(slot.window, slot.shownText.c_str());
         return;
     }
     ShowValue(slot, *value);
-    std::array<int, kColourCount> values{};
-    std::array<bool, kColourCount> touched{};
+    ColourValues values{};
+    ColourFlags touched{};
     values[static_cast<std::size_t>(slot.colour)] = *value;
     touched[static_cast<std::size_t>(slot.colour)] = true;
     ChangeField(slot.field, values, touched);
@@ -641,13 +669,13 @@ void CDescribedPage::WriteOnFillFields() {
         return;
     const bool written =
         PatchRecords([](const Field& f) { return f.onFill != OnFill::Nothing; },
-                     [this](const Field& f, const Bytes& read, int copy) -> std::optional<int> {
+                     [this](const Field& f, const Bytes& read, int copy) -> std::optional<Value> {
                          // The chip keeps the count's low bits, so only they are taken,
                          // whatever the host says.
                          if (f.onFill == OnFill::HostCount)
-                             return static_cast<int>(Chip()->GetCount() & 0xFFFFFFu);
+                             return static_cast<Value>(Chip()->GetCount() & 0xFFFFFFu);
                          // A code no item names is left as it is.
-                         const int value = ReadValue(f, read, copy);
+                         const Value value = ReadValue(f, read, copy);
                          if (f.control == Control::Combo && ItemOf(f, value) < 0)
                              return std::nullopt;
                          return value;
@@ -665,6 +693,16 @@ bool CDescribedPage::OnHScroll(UINT code, UINT position, HWND scrollBar) {
     return true;
 }
 
+bool CDescribedPage::OnVScroll(UINT code, UINT position, HWND scrollBar) {
+    INT_PTR result = 0;
+    return m_scroller.OnMessage(WM_VSCROLL, MAKEWPARAM(code, position), reinterpret_cast<LPARAM>(scrollBar),
+                                result);
+}
+
+bool CDescribedPage::OnOtherMessage(UINT message, WPARAM wParam, LPARAM lParam, INT_PTR& result) {
+    return m_scroller.OnMessage(message, wParam, lParam, result);
+}
+
 void CDescribedPage::ApplyHostRanges() {
     // Asked of the host each time the page is shown, once whatever the number of fields using it.
     std::optional<std::pair<int, int>> gainRange;
@@ -674,29 +712,29 @@ void CDescribedPage::ApplyHostRanges() {
             continue;
         if (!gainRange)
             gainRange = HostGainBytes();
-        int minimum = gainRange->first;
-        int maximum = gainRange->second;
+        Value minimum = gainRange->first;
+        Value maximum = gainRange->second;
         if (!field.hostRangeAsGiven) {
             // Lowest first, within what the field holds; a range outside it leaves the field's own.
             const auto [lowest, highest] = std::minmax(gainRange->first, gainRange->second);
-            minimum = std::max(lowest, field.minimum);
-            maximum = std::min(highest, field.maximum);
+            minimum = std::max<Value>(lowest, field.minimum);
+            maximum = std::min<Value>(highest, field.maximum);
             if (minimum > maximum) {
                 minimum = field.minimum;
                 maximum = field.maximum;
             }
         }
         if (field.control == Control::Slider) {
-            ::SendMessageW(slot.window, TBM_SETRANGEMIN, FALSE, minimum);
-            ::SendMessageW(slot.window, TBM_SETRANGEMAX, TRUE, maximum);
+            ::SendMessageW(slot.window, TBM_SETRANGEMIN, FALSE, static_cast<LPARAM>(minimum));
+            ::SendMessageW(slot.window, TBM_SETRANGEMAX, TRUE, static_cast<LPARAM>(maximum));
         } else if (slot.edit) {
-            slot.edit->SetRange(minimum, maximum);
+            slot.edit->SetRange(static_cast<double>(minimum), static_cast<double>(maximum));
         }
     }
 }
 
 void CDescribedPage::OnNumberEditChanged(UINT id, HWND edit) {
-    for (int colour = 0; colour < kColourCount; ++colour) {
+    for (int colour = 0; colour < m_description->page.colourCount; ++colour) {
         const CurrentColour& current = m_current[static_cast<std::size_t>(colour)];
         if (!current.reference || current.reference->GetSafeHwnd() != edit)
             continue;

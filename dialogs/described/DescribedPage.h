@@ -8,6 +8,7 @@
 #include "descriptions/ChipDescription.h"
 #include "descriptions/DescriptionLayout.h"
 #include "dialogs/common/ChipDialog.h"
+#include "dialogs/described/PageScroller.h"
 
 #include <array>
 #include <functional>
@@ -43,6 +44,8 @@ protected:
     void RefreshFromChip() override;
     bool OnCommand(UINT code, UINT id, HWND control) override;
     bool OnHScroll(UINT code, UINT position, HWND scrollBar) override;
+    bool OnVScroll(UINT code, UINT position, HWND scrollBar) override;
+    bool OnOtherMessage(UINT message, WPARAM wParam, LPARAM lParam, INT_PTR& result) override;
     void OnNumberEditChanged(UINT id, HWND edit) override;
     void ApplyHostRanges() override;
     bool ChipDiffersFromSnapshot() override;
@@ -61,7 +64,7 @@ private:
         std::wstring shownText; // what a hex edit showed before the operator typed
         // What the chip holds, as decoded from it or as last written: read-outs and writes of the
         // other colours take it, whatever the control can show.
-        int value = 0;
+        chipdesc::Value value = 0;
     };
 
     const chipdesc::Field& FieldOf(const ControlSlot& slot) const {
@@ -75,27 +78,32 @@ private:
 
     const chipdesc::LayoutPlan& Plan(HFONT font) const;
     void CreateControls();
+    // The page as big as its columns; one taller than the host's room is that tall (scrolledHeight)
+    // and scrolls.
+    void FitToHostArea(const chipdesc::LayoutPlan& plan, int scrolledHeight);
     // The numeric edit a planned window needs (a number field's, a reference's), or null.
-    std::unique_ptr<CNumberEdit> MakeEdit(const chipdesc::PlannedWindow& planned, const chipdesc::Field* field) const;
-    void AddControlSlot(const chipdesc::PlannedWindow& planned, HWND window, std::unique_ptr<CNumberEdit> edit);
+    std::unique_ptr<CNumberEdit> MakeEdit(const chipdesc::PlannedWindow& planned,
+                                          const chipdesc::Field* field) const;
+    void AddControlSlot(const chipdesc::PlannedWindow& planned, HWND window,
+                        std::unique_ptr<CNumberEdit> edit);
     // What the chip held for a field when the page opened, where the snapshot has it.
-    int SnapshotValue(const chipdesc::Field& field, int colour) const;
-    void ShowValue(ControlSlot& slot, int value);
-    int ControlValue(const ControlSlot& slot) const;
+    chipdesc::Value SnapshotValue(const chipdesc::Field& field, int colour) const;
+    void ShowValue(ControlSlot& slot, chipdesc::Value value);
+    chipdesc::Value ControlValue(const ControlSlot& slot) const;
     // A combo selects the item naming the value, or an entry of the value's number after its items.
-    void ShowItem(const ControlSlot& slot, int value) const;
+    void ShowItem(const ControlSlot& slot, chipdesc::Value value) const;
     // The value of the item chosen; the chip's value while the number entry is.
-    int ItemValue(const ControlSlot& slot) const;
+    chipdesc::Value ItemValue(const ControlSlot& slot) const;
     // The combo shows a value no item names.
     bool ShowsUnnamedValue(const ControlSlot& slot) const;
     // A value only shown: its text, or a lamp lit while it is not zero.
-    void ShowReadOnlyValue(const ControlSlot& slot, int value) const;
+    void ShowReadOnlyValue(const ControlSlot& slot, chipdesc::Value value) const;
     // The help of each field that has one, over its label and its controls.
     void AddHelp();
     // Cancel's records: what the page saw, but the values it only shows as the chip holds them now.
     void RestoreRecords();
     // The chip's value kept, shown as far as the control can, and read out.
-    void ShowChipValue(ControlSlot& slot, int value);
+    void ShowChipValue(ControlSlot& slot, chipdesc::Value value);
     void UpdateReadout(const ControlSlot& slot) const;
     // Read-outs of other fields whose formulas name this one.
     void UpdateReadoutsNaming(int field) const;
@@ -109,13 +117,15 @@ private:
                              const std::array<bool, chipdesc::kSourceCount>& read);
 
     // The cycle of one change: values[colour] go into the colours the change touches.
-    void ChangeField(int field, const std::array<int, chipdesc::kColourCount>& values,
-                     const std::array<bool, chipdesc::kColourCount>& touched);
+    using ColourValues = std::array<chipdesc::Value, chipdesc::kMaxColours>;
+    using ColourFlags = std::array<bool, chipdesc::kMaxColours>;
+    void ChangeField(int field, const ColourValues& values, const ColourFlags& touched);
     void OnControlChanged(ControlSlot& slot);
     void OnHexEdited(ControlSlot& slot);
     // Writes valueOf(field, record as read, colour copy) into every copy of each field `picks` picks,
     // record by record, leaving a copy it gives nothing for; true when a record was written.
-    using FieldValue = std::function<std::optional<int>(const chipdesc::Field&, const Bytes&, int)>;
+    using FieldValue =
+        std::function<std::optional<chipdesc::Value>(const chipdesc::Field&, const Bytes&, int)>;
     bool PatchRecords(const std::function<bool(const chipdesc::Field&)>& picks, const FieldValue& valueOf,
                       bool onlyWhenChanged);
     void WriteDefaults();
@@ -130,7 +140,7 @@ private:
 
     // The description's rules (DescribedRules.cpp). False: the change breaks a rule that refuses it,
     // the field's controls show the chip's value again; `warnings`: the rules it breaks that warn.
-    bool RulesAllowChange(int field, const std::array<int, chipdesc::kColourCount>& values,
+    bool RulesAllowChange(int field, const ColourValues& values,
                           std::vector<const chipdesc::Rule*>& warnings);
     void TellRulesTheChipBreaks();
     void TellRules(const std::vector<const chipdesc::Rule*>& rules) const;
@@ -148,7 +158,7 @@ private:
     struct ClassSettings {
         int linked = 0;
         int showCurrent = 0;
-        std::array<int, chipdesc::kColourCount> reference{}; // whole numbers, whatever the edits take
+        std::array<int, chipdesc::kMaxColours> reference{}; // whole numbers, whatever the edits take
     };
     ClassSettings& Settings() const;
     int& LinkSwitch() const;
@@ -171,7 +181,8 @@ private:
     mutable ClassSettings m_pageSettings; // when the description keeps them per page
     int m_currentField = -1;
     int m_currentSwitchId = 0;
-    std::array<CurrentColour, chipdesc::kColourCount> m_current;
-    HWND m_help = nullptr; // the tooltips of the fields' help
+    std::array<CurrentColour, chipdesc::kMaxColours> m_current;
+    HWND m_help = nullptr;                          // the tooltips of the fields' help
     std::vector<const chipdesc::Rule*> m_rulesTold; // broken, and the operator told
+    CPageScroller m_scroller;
 };

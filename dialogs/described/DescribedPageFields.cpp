@@ -22,7 +22,7 @@ LayoutTexts Translated() {
 
 } // namespace
 
-void CDescribedPage::ShowItem(const ControlSlot& slot, int value) const {
+void CDescribedPage::ShowItem(const ControlSlot& slot, Value value) const {
     const Field& field = FieldOf(slot);
     const auto named = static_cast<LRESULT>(field.items.size());
     if (::SendMessageW(slot.window, CB_GETCOUNT, 0, 0) > named)
@@ -41,13 +41,13 @@ bool CDescribedPage::ShowsUnnamedValue(const ControlSlot& slot) const {
     return chosen < 0 || chosen >= static_cast<LRESULT>(FieldOf(slot).items.size());
 }
 
-int CDescribedPage::ItemValue(const ControlSlot& slot) const {
+Value CDescribedPage::ItemValue(const ControlSlot& slot) const {
     if (ShowsUnnamedValue(slot))
         return slot.value;
     return FieldOf(slot).itemCodes[static_cast<std::size_t>(::SendMessageW(slot.window, CB_GETCURSEL, 0, 0))];
 }
 
-void CDescribedPage::ShowReadOnlyValue(const ControlSlot& slot, int value) const {
+void CDescribedPage::ShowReadOnlyValue(const ControlSlot& slot, Value value) const {
     const Field& field = FieldOf(slot);
     if (field.control == Control::Check) {
         ::SendMessageW(slot.window, BM_SETCHECK, value ? BST_CHECKED : BST_UNCHECKED, 0);
@@ -88,6 +88,7 @@ void CDescribedPage::AddHelp() {
 }
 
 void CDescribedPage::OnDestroy() {
+    m_scroller.Detach();
     if (m_help)
         ::DestroyWindow(m_help);
     m_help = nullptr;

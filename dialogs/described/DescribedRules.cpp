@@ -19,7 +19,7 @@ std::optional<std::int64_t> CDescribedPage::RuleValue(int field) const {
     return std::nullopt;
 }
 
-bool CDescribedPage::RulesAllowChange(int field, const std::array<int, kColourCount>& values,
+bool CDescribedPage::RulesAllowChange(int field, const ColourValues& values,
                                       std::vector<const Rule*>& warnings) {
     if (m_description->rules.empty())
         return true;

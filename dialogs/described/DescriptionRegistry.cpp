@@ -84,38 +84,53 @@ DescriptionLookup DescriptionRegistry::Builtin(std::string_view className) {
     return lookup;
 }
 
-DescriptionLookup DescriptionRegistry::Find(std::string_view className) {
-    const std::wstring path = Folder() + Utf8ToWide(className) + kExtension;
+std::optional<DescriptionRegistry::FileVersion> DescriptionRegistry::VersionOf(const std::wstring& path) {
     WIN32_FILE_ATTRIBUTE_DATA attributes{};
     if (!::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &attributes) ||
-        (attributes.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)) {
+        (attributes.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
+        return std::nullopt;
+    return FileVersion{(std::uint64_t{attributes.ftLastWriteTime.dwHighDateTime} << 32) |
+                           attributes.ftLastWriteTime.dwLowDateTime,
+                       (std::uint64_t{attributes.nFileSizeHigh} << 32) | attributes.nFileSizeLow};
+}
+
+DescriptionLookup DescriptionRegistry::Find(std::string_view className) {
+    const std::wstring path = Folder() + Utf8ToWide(className) + kExtension;
+    const std::optional<FileVersion> version = VersionOf(path);
+    if (!version) {
         m_files.erase(path);
         return Builtin(className);
     }
-    const FileVersion version{(std::uint64_t{attributes.ftLastWriteTime.dwHighDateTime} << 32) |
-                                  attributes.ftLastWriteTime.dwLowDateTime,
-                              (std::uint64_t{attributes.nFileSizeHigh} << 32) | attributes.nFileSizeLow};
     auto cached = m_files.find(path);
-    if (cached != m_files.end() && cached->second.version == version)
+    if (cached != m_files.end() && cached->second.version == *version)
         return cached->second.lookup;
     std::string text;
     DescriptionLookup lookup =
         ReadDescriptionFile(path, text) ? ParseText(text, path, className) : Builtin(className);
     if (!lookup.description) // a broken replacement of our own description leaves ours, and says why
         lookup.description = Builtin(className).description;
-    m_files[path] = CachedFile{version, lookup};
+    m_files[path] = CachedFile{*version, lookup};
     return lookup;
 }
 
 DescriptionLookup DescriptionRegistry::Load(const std::wstring& path) {
+    const std::optional<FileVersion> version = VersionOf(path);
+    auto cached = m_loaded.find(path);
+    if (version && cached != m_loaded.end() && cached->second.version == *version)
+        return cached->second.lookup;
     std::string text;
-    if (!ReadDescriptionFile(path, text))
+    if (!version || !ReadDescriptionFile(path, text)) {
+        m_loaded.erase(path);
         return {nullptr, DescriptionProblem{path, {0, chipdesc::ErrorCode::NotText, ""}}};
-    return ParseText(text, path, {});
+    }
+    DescriptionLookup lookup = ParseText(text, path, {});
+    m_loaded[path] = CachedFile{*version, lookup};
+    return lookup;
 }
 
 std::wstring DescriptionRegistry::ReasonText(const chipdesc::ParseError& error) {
-    return Replace(Tr(Utf8ToWide(chipdesc::ReasonStringId(error.code))), L"{detail}", Utf8ToWide(error.detail));
+    return Replace(Tr(Utf8ToWide(chipdesc::ReasonStringId(error.code))), L"{detail}",
+                   Utf8ToWide(error.detail));
 }
 
 std::wstring DescriptionRegistry::ProblemText(const DescriptionProblem& problem, bool opensDescribed) {

@@ -37,7 +37,7 @@ public:
 
     // The description a page class opens with: the folder's file, else the module's own.
     DescriptionLookup Find(std::string_view className);
-    // A file given by path, read now; for the workbench's designer.
+    // A file given by path, for the workbench's designer: read again once it changed.
     DescriptionLookup Load(const std::wstring& path);
 
     // "...\Language\Hw\Regvane\Chips\", beside the language files of the host's executable.
@@ -63,10 +63,12 @@ private:
         DescriptionLookup lookup;
     };
 
+    static std::optional<FileVersion> VersionOf(const std::wstring& path);
     DescriptionLookup ParseText(std::string_view text, const std::wstring& file, std::string_view className);
     DescriptionLookup Builtin(std::string_view className);
 
     std::map<std::wstring, CachedFile, std::less<>> m_files;
+    std::map<std::wstring, CachedFile, std::less<>> m_loaded; // the designer's files
     std::map<std::string, DescriptionLookup, std::less<>> m_builtin;
     std::set<std::wstring> m_told;
     int m_parses = 0;

@@ -4,6 +4,7 @@
 // tests and the accepted host-call traces.
 #include "descriptions/ChipDescription.h"
 #include "descriptions/ChipDescriptionKeys.h"
+#include "descriptions/DescriptionFlow.h"
 #include "descriptions/DescriptionLayout.h"
 #include "framework/LanguageFile.h"
 #include "framework/TextEncoding.h"
@@ -113,6 +114,19 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {replace("control = combo", "control = combo\nhost-range = gain"), 16, ErrorCode::BadValue},
         {replace("link = IDS_Link", "link = IDS_Link\nrefresh-reads = record20 record-a"), 4,
          ErrorCode::MissingKey}, // the fields' block is not read
+        // Copies: of a field that exists, not of themselves, inside the record and on bits of their own.
+        {replace("control = combo", "control = combo\nlike = speed"), 16, ErrorCode::UnknownField},
+        {good + "[field a]\nlike = b\n[field b]\nlike = a\n", 18, ErrorCode::CopyCycle},
+        {good + "[field m2]\nlike = mode\noffset = 7\n", 19, ErrorCode::OutsideRecord},
+        {good + "[field m2]\nlike = mode\n", 18, ErrorCode::Overlap},
+        {good + "[field m2]\nlike = mode\noffset = 1\nrepeat = 2 every 6\n", 20, ErrorCode::OutsideRecord},
+        // Wide, signed, and more colours.
+        {good + "[field w]\nlabel = \"W\"\nrecord = record-a\nbits = 0[7:0] 1[7:0] 2[7:0] 3[7:0]\ncontrol = "
+                "slider\n",
+         21, ErrorCode::ControlCannotHold},
+        {replace("bits = 8[0]", "bits = 8[0]\nsigned = sign-magnitude"), 14, ErrorCode::BadValue},
+        {replace("link = IDS_Link", "link = IDS_Link\ncolours = 4"), 4, ErrorCode::MissingKey},
+        {replace("link = IDS_Link", "link = IDS_Link\ncolour-labels = \"R\" \"G\""), 4, ErrorCode::BadValue},
         {"[page]\nclass = CRegvaneExampleChip\n", 2, ErrorCode::NoFields},
         {std::string(kGoodPage) + "\nnote = \x01\x02", 18, ErrorCode::NotText},
         {std::string(kGoodPage) + "\n# " + std::string(1200, 'x'), 18, ErrorCode::LineTooLong},
@@ -171,7 +185,7 @@ TEST(ChipDescription, EveryCodingKeepsEveryValueAndNoOtherBit) {
     std::mt19937 random(5153);
     const struct {
         std::string bits, coding;
-        int lowest, highest;
+        Value lowest, highest;
     } fields[] = {
         {"3[0]", "plain", 0, 1},
         {"3[6:4]", "xor 2", 0, 7},
@@ -187,7 +201,7 @@ TEST(ChipDescription, EveryCodingKeepsEveryValueAndNoOtherBit) {
         SCOPED_TRACE(spec.bits + " " + spec.coding);
         const Field field = FieldOf(spec.bits, spec.coding);
         EXPECT_EQ(CodableRange(field), std::make_pair(spec.lowest, spec.highest));
-        for (int value = spec.lowest; value <= spec.highest; ++value) {
+        for (Value value = spec.lowest; value <= spec.highest; ++value) {
             std::array<std::uint8_t, 16> block;
             for (auto& byte : block)
                 byte = static_cast<std::uint8_t>(random());
@@ -317,8 +331,11 @@ TEST(ChipDescription, Fm6129AndItsExtendedSetShareNoBits) {
 }
 
 TEST(ChipDescription, TheLayoutGivesEveryTextItsRoomAndNoTwoControlsOverlap) {
-    for (const char* className : {"CRegvaneFM6127EX", "CRegvaneFM6126"}) {
-        SCOPED_TRACE(className);
+    for (const auto& [className, area] : // in one column, and flowed in a wide room too short for one
+         {std::pair{"CRegvaneFM6127EX", PageArea{}}, std::pair{"CRegvaneFM6126", PageArea{}},
+          std::pair{"CRegvaneFM6127EX", PageArea{2000, 150, 17}},
+          std::pair{"CRegvaneFM6126", PageArea{2000, 150, 17}}}) {
+        SCOPED_TRACE(std::string(className) + (area.height ? " in a short room" : ""));
         const Description description = Shipped(className);
         // Every character 6 pixels; a label, the read-out switch and Default three times as long as
         // in English.
@@ -330,7 +347,9 @@ TEST(ChipDescription, TheLayoutGivesEveryTextItsRoomAndNoTwoControlsOverlap) {
             return longer ? text + text + text : text;
         };
         texts.measure = [](std::wstring_view text) { return static_cast<int>(text.size()) * 6; };
-        const LayoutPlan plan = PlanLayout(description, texts, {6, 13});
+        const FlowedPlan flowed = FlowIntoColumns(PlanLayout(description, texts, {6, 13}), area);
+        const LayoutPlan& plan = flowed.plan;
+        EXPECT_EQ(flowed.columns > 1, area.height && std::string(className) == "CRegvaneFM6127EX");
         std::vector<const PlannedWindow*> controls;
         for (const PlannedWindow& window : plan.windows) {
             if (window.role == Role::Label || window.role == Role::ColourHeader ||

@@ -216,6 +216,47 @@ TEST_F(DescribedPage, EveryControlWritesItsFieldInItsColoursAndTheChangeTestCove
     EXPECT_FALSE(Shown(page, kExtra));
 }
 
+TEST_F(DescribedPage, FourLinkedColoursMoveTogetherAnd32BitValuesReachTheirBytes) {
+    DeleteFileW(path.c_str());
+    path = WriteDescription(L"CRegvaneDescribedTest.desc", R"([page]
+class = CRegvaneDescribedTest
+format-version = 2
+colours = 4
+colour-labels = "R" "G" "B" "W"
+link = "Link"
+link-id = 100
+[field gain]
+label = "Gain"
+bits = 0[6:0]
+colours = linked
+control = slider
+ids = 101 102 103 104
+[field count]
+label = "Count"
+record = record-a
+bits = 3[7:0] 2[7:0] 1[7:0] 0[7:0]
+control = number
+ids = 106
+[field tag]
+like = count
+offset = 4
+control = hex
+ids = 107
+)");
+    Open();
+    SetCheck(page, kLink, true);
+    MoveSlider(page, 104, 99); // the fourth colour's slider moves the other three and their copies
+    for (const int byte : {0, 2, 4, 6})
+        EXPECT_EQ(chip.regData[byte], 99) << byte;
+    EXPECT_EQ(SliderPos(page, 101), 99);
+    SetCheck(page, kLink, false);
+    Enter(page, 106, L"3000000000"); // 0xB2D05E00, least significant byte first
+    TypeAndLeave(page, 107, L"89abcdef", 106);
+    EXPECT_EQ(ItemText(page, 106), L"3000000000");
+    EXPECT_EQ(std::vector<int>(chip.regDataEx.begin(), chip.regDataEx.begin() + 8),
+              (std::vector<int>{0x00, 0x5E, 0xD0, 0xB2, 0xEF, 0xCD, 0xAB, 0x89}));
+}
+
 TEST_F(DescribedPage, AValueNoItemNamesAndValuesOnlyShownAreNeverWrittenAndHelpIsOnLabelAndControl) {
     chip.regData[4] = 0x01; // a speed no item names, its second copy disagreeing
     chip.regData[14] = 0xA0;
