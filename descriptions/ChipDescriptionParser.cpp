@@ -196,7 +196,7 @@ bool Parser::KeyLine(int number, int column, Section section, std::string_view k
     KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error, column};
     if (section == Section::Button)
         keyValue.button = &m_buttons.back();
-    if (*m_section == Section::Rule)
+    if (section == Section::Rule)
         keyValue.rule = &m_rules.back();
     if (!SplitWords(value, keyValue.words))
         return Fail(number, ErrorCode::BadValue, value);
