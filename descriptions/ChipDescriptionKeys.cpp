@@ -5,6 +5,7 @@
 #include "descriptions/DescriptionFormula.h"
 #include "descriptions/DescriptionReadouts.h"
 #include "descriptions/DescriptionRules.h"
+#include "descriptions/DescriptionSections.h"
 
 #include <algorithm>
 #include <charconv>
@@ -238,6 +239,10 @@ namespace {
 template <class Owner, class T> T& Into(KeyValue& v, T Owner::*member) {
     if constexpr (std::is_same_v<Owner, Page>)
         return v.page.*member;
+    else if constexpr (std::is_same_v<Owner, RegisterTextSpec>)
+        return *v.page.registerText.*member;
+    else if constexpr (std::is_same_v<Owner, TableSpec>)
+        return v.page.tables.back().*member;
     else if constexpr (std::is_same_v<Owner, Field>)
         return v.draft->field.*member;
     else if constexpr (std::is_same_v<Owner, Button>)
@@ -502,10 +507,14 @@ constexpr std::pair<std::string_view, bool> kAccess[] = {{"read-write", false}, 
 constexpr std::pair<std::string_view, OnFill> kOnFill[] = {{"rewrite", OnFill::Rewrite},
                                                            {"count", OnFill::HostCount}};
 
+constexpr std::pair<std::string_view, int> kValueBits[] = {{"8", 8}, {"16", 16}, {"32", 32}};
+
 constexpr Section P = Section::Page;
 constexpr Section F = Section::Field;
 constexpr Section B = Section::Button;
 constexpr Section R = Section::Rule;
+constexpr Section Txt = Section::RegisterText;
+constexpr Section Tab = Section::Table;
 
 // A new key is a row here and one in docs/chip-descriptions.md (a test compares the two), and a check
 // in ChipDescriptionChecks.cpp when it depends on other keys.
@@ -575,6 +584,17 @@ constexpr Key kKeys[] = {
     {"action", B, ReadAction, "what the button does"},
     {"argument", B, ReadArgument, "what a chip function is handed: a field's value or a record"},
     {"id", B, Id<&Button::id>, "the button's control id"},
+
+    {"line", Txt, ReadLineFormat, "the format of each register's line"},
+    {"records", Txt, Records<&RegisterTextSpec::records, false, true>,
+     "the records the text shows, in order"},
+    {"ids", Txt, Ids<&RegisterTextSpec::ids>, "the text's, Copy's and Paste's control ids"},
+
+    {"label", Tab, Text<&TableSpec::label>, "the text before the table's Load button"},
+    {"values", Tab, Word<&TableSpec::valueBits, kValueBits>, "the bits of each value"},
+    {"count", Tab, ReadTableCount, "how many values the table takes"},
+    {"function", Tab, ReadChipFunction, "the chip function the packed table goes to"},
+    {"id", Tab, Id<&TableSpec::id>, "the Load button's control id"},
 
     {"check", R, ReadRuleCheck, "the condition the page's field values must meet"},
     {"message", R, ReadRuleMessage, "what the operator is told when a value breaks the rule"},

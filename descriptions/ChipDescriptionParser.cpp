@@ -87,6 +87,8 @@ ParseResult Parser::Run(std::string_view text) {
     if (!CheckRefreshReads() || !FinishButtons() || !FinishRules())
         return *m_error;
     CompleteChangeTest();
+    if (!FinishSectionsOfVersion2())
+        return *m_error;
     return std::move(m_description);
 }
 
@@ -148,9 +150,10 @@ bool Parser::Line(int number, std::string_view line) {
     if (!m_section)
         return Fail(number, ErrorCode::Syntax, line);
     auto& keyLines = *m_section == Section::Page     ? m_page.keyLines
+                     : *m_section == Section::Field  ? m_drafts.back().keyLines
                      : *m_section == Section::Button ? m_buttons.back().keyLines
                      : *m_section == Section::Rule   ? m_rules.back().keyLines
-                                                     : m_drafts.back().keyLines;
+                                                     : SectionKeyLines();
     if (keyLines.count(key))
         return Fail(number, ErrorCode::DuplicateKey, key);
     keyLines.emplace(std::string(key), number);
@@ -188,6 +191,8 @@ bool Parser::Header(int number, std::string_view name) {
         return ButtonHeader(number, Trim(name.substr(7)));
     if (name.substr(0, 5) == "rule " || name.substr(0, 5) == "rule\t")
         return RuleHeader(number, Trim(name.substr(5)));
+    if (IsSectionOfVersion2(name))
+        return SectionHeader(number, name);
     return Fail(number, ErrorCode::UnknownSection, name);
 }
 

@@ -175,6 +175,13 @@ private:
     bool RuleHeader(int number, std::string_view name);
     bool FinishRules();
 
+    // The register text and the tables (DescriptionSections.cpp).
+    static bool IsSectionOfVersion2(std::string_view name);
+    bool SectionHeader(int number, std::string_view name);
+    std::map<std::string, int, std::less<>>& SectionKeyLines();
+    bool ClaimSectionIds(const std::function<bool(int id, int line)>& claim) const;
+    bool FinishSectionsOfVersion2();
+
     const KnownStringId& m_known;
     std::optional<ParseError> m_error;
     Description m_description;
@@ -184,6 +191,8 @@ private:
     std::vector<FieldDraft> m_drafts;
     std::vector<ButtonDraft> m_buttons;
     std::vector<RuleDraft> m_rules;
+    PageDraft m_textDraft;
+    std::vector<PageDraft> m_tableDrafts;
     std::string_view m_line; // being read
     int m_lastLine = 1;
 };
