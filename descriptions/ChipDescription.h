@@ -25,6 +25,7 @@
 namespace chipdesc {
 
 struct ReadoutFormula;
+struct Rule; // DescriptionRules.h
 
 // Where a field lives: one of the host's register records, read and written whole, or the value the
 // host reports, which the page only shows.
@@ -267,6 +268,7 @@ struct Description {
     std::vector<Field> fields;
     std::vector<Button> buttons; // in the order of the page's row of buttons
     std::vector<Grid> grids;
+    std::vector<std::shared_ptr<const Rule>> rules;
 
     // The records the fields read (not host values), in Source order.
     std::vector<Source> RecordsInUse() const;

@@ -4,6 +4,7 @@
 #include "descriptions/ChipDescriptionParser.h"
 #include "descriptions/DescriptionFormula.h"
 #include "descriptions/DescriptionReadouts.h"
+#include "descriptions/DescriptionRules.h"
 #include "descriptions/DescriptionSections.h"
 
 #include <algorithm>
@@ -514,6 +515,7 @@ constexpr Section P = Section::Page;
 constexpr Section F = Section::Field;
 constexpr Section B = Section::Button;
 constexpr Section G = Section::Grid;
+constexpr Section R = Section::Rule;
 constexpr Section Txt = Section::RegisterText;
 constexpr Section Tab = Section::Table;
 
@@ -606,6 +608,10 @@ constexpr Key kKeys[] = {
     {"count", Tab, ReadTableCount, "how many values the table takes"},
     {"function", Tab, ReadChipFunction, "the chip function the packed table goes to"},
     {"id", Tab, Id<&TableSpec::id>, "the Load button's control id"},
+
+    {"check", R, ReadRuleCheck, "the condition the page's field values must meet"},
+    {"message", R, ReadRuleMessage, "what the operator is told when a value breaks the rule"},
+    {"on-break", R, ReadOnBreak, "a change that breaks the rule: refused, or written with a warning"},
 };
 
 } // namespace

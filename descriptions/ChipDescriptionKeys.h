@@ -9,7 +9,7 @@
 
 namespace chipdesc {
 
-enum class Section : std::uint8_t { Page, Field, Button, RegisterText, Table, Grid };
+enum class Section : std::uint8_t { Page, Field, Button, RegisterText, Table, Grid, Rule };
 
 namespace detail {
 struct KeyValue;

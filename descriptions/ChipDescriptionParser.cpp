@@ -87,7 +87,7 @@ ParseResult Parser::Run(std::string_view text) {
         return *m_error;
     for (FieldDraft& draft : m_drafts)
         m_description.fields.push_back(std::move(draft.field));
-    if (!CheckRefreshReads() || !FinishButtons())
+    if (!CheckRefreshReads() || !FinishButtons() || !FinishRules())
         return *m_error;
     CompleteChangeTest();
     if (!FinishSectionsOfVersion2())
@@ -156,6 +156,7 @@ bool Parser::Line(int number, std::string_view line) {
                      : *m_section == Section::Field  ? m_drafts.back().keyLines
                      : *m_section == Section::Button ? m_buttons.back().keyLines
                      : *m_section == Section::Grid   ? m_grids.back().keyLines
+                     : *m_section == Section::Rule   ? m_rules.back().keyLines
                                                      : SectionKeyLines();
     if (keyLines.count(key))
         return Fail(number, ErrorCode::DuplicateKey, key);
@@ -194,6 +195,8 @@ bool Parser::Header(int number, std::string_view name) {
         return ButtonHeader(number, Trim(name.substr(7)));
     if (name.substr(0, 5) == "grid " || name.substr(0, 5) == "grid\t")
         return GridHeader(number, Trim(name.substr(5)));
+    if (name.substr(0, 5) == "rule " || name.substr(0, 5) == "rule\t")
+        return RuleHeader(number, Trim(name.substr(5)));
     if (IsSectionOfVersion2(name))
         return SectionHeader(number, name);
     return Fail(number, ErrorCode::UnknownSection, name);
@@ -206,6 +209,8 @@ bool Parser::KeyLine(int number, int column, Section section, std::string_view k
         keyValue.button = &m_buttons.back();
     if (section == Section::Grid)
         keyValue.grid = &m_grids.back();
+    if (section == Section::Rule)
+        keyValue.rule = &m_rules.back();
     if (!SplitWords(value, keyValue.words))
         return Fail(number, ErrorCode::BadValue, value);
     const Key* found = FindKey(section, key);

@@ -100,6 +100,13 @@ struct GridDraft {
     }
 };
 
+// A rule's keys, until the fields its check names are known (DescriptionRules.cpp).
+struct RuleDraft {
+    std::shared_ptr<Rule> rule;
+    std::map<std::string, int, std::less<>> keyLines;
+    int LineOf(std::string_view key) const;
+};
+
 // One "key = value" line, while its value is read into the page or the field being read.
 struct KeyValue {
     int line = 0;
@@ -112,6 +119,7 @@ struct KeyValue {
     int column; // of the value in its line, from 1
     ButtonDraft* button = nullptr; // in [button NAME]
     GridDraft* grid = nullptr;     // in [grid NAME]
+    RuleDraft* rule = nullptr;     // in [rule NAME]
 
     bool Fail(std::string_view detail, ErrorCode code = ErrorCode::BadValue) {
         return Refuse(error, line, code, detail);
@@ -181,6 +189,9 @@ private:
     bool AssignGridColumns();
     bool CheckGridColumn(FieldDraft& draft, const GridDraft& grid);
     bool ExpandGrids();
+    // The page's rules (DescriptionRules.cpp).
+    bool RuleHeader(int number, std::string_view name);
+    bool FinishRules();
 
     // The register text and the tables (DescriptionSections.cpp).
     static bool IsSectionOfVersion2(std::string_view name);
@@ -198,6 +209,7 @@ private:
     std::vector<FieldDraft> m_drafts;
     std::vector<ButtonDraft> m_buttons;
     std::vector<GridDraft> m_grids;
+    std::vector<RuleDraft> m_rules;
     PageDraft m_textDraft;
     std::vector<PageDraft> m_tableDrafts;
     std::string_view m_line; // being read

@@ -451,6 +451,7 @@ void CDescribedPage::RefreshFromChip() {
     WriteOnFillFields();
     ShowSwitches();
     UpdateRegisterText();
+    TellRulesTheChipBreaks();
 }
 
 void CDescribedPage::ShowSwitches() {
@@ -543,6 +544,9 @@ CDescribedPage::ControlSlot* CDescribedPage::SlotWithWindow(HWND window) {
 }
 
 void CDescribedPage::ChangeField(int fieldIndex, const ColourValues& values, const ColourFlags& touched) {
+    std::vector<const Rule*> warnings;
+    if (!RulesAllowChange(fieldIndex, values, warnings))
+        return;
     const Field& field = m_description->fields[static_cast<std::size_t>(fieldIndex)];
     const Page& page = m_description->page;
     Bytes record = ReadSource(field.source);
@@ -583,6 +587,7 @@ void CDescribedPage::ChangeField(int fieldIndex, const ColourValues& values, con
         for (int colour = 0; colour < m_description->page.colourCount; ++colour)
             UpdateCurrent(colour);
     ReportChange();
+    TellRules(warnings);
 }
 
 void CDescribedPage::OnControlChanged(ControlSlot& slot) {

@@ -20,6 +20,9 @@
 class CNumberEdit;
 class CVirtualGrid;
 class RegisterParamTable;
+namespace chipdesc {
+struct Rule; // DescriptionRules.h
+}
 
 class CDescribedPage : public CChipDialog {
 public:
@@ -135,6 +138,14 @@ private:
     void UpdateCurrentGroup();
     void UpdateCurrent(int colour);
 
+    // The description's rules (DescribedRules.cpp). False: the change breaks a rule that refuses it,
+    // the field's controls show the chip's value again; `warnings`: the rules it breaks that warn.
+    bool RulesAllowChange(int field, const ColourValues& values,
+                          std::vector<const chipdesc::Rule*>& warnings);
+    void TellRulesTheChipBreaks();
+    void TellRules(const std::vector<const chipdesc::Rule*>& rules) const;
+    std::optional<std::int64_t> RuleValue(int field) const;
+
     // The description's buttons (DescribedButtons.cpp). False: no such button.
     bool OnPageButton(UINT id);
     void CallChipFunction(const chipdesc::Button& button);
@@ -192,5 +203,6 @@ private:
     int m_currentSwitchId = 0;
     std::array<CurrentColour, chipdesc::kMaxColours> m_current;
     HWND m_help = nullptr; // the tooltips of the fields' help
+    std::vector<const chipdesc::Rule*> m_rulesTold; // broken, and the operator told
     CPageScroller m_scroller;
 };

@@ -1,8 +1,10 @@
 // Chip descriptions reach the module from a folder the host suite installs: any bytes at all must give
 // a description or a refusal with its line, never a crash. What parses is laid out and every field is
-// written and read on a record of the largest size, so the positions the parser accepted are in bounds.
+// written and read on a record of the largest size, so the positions the parser accepted are in bounds;
+// every rule is checked on the fields' highest values, which index only fields the page has.
 #include "descriptions/ChipDescription.h"
 #include "descriptions/DescriptionLayout.h"
+#include "descriptions/DescriptionRules.h"
 
 #include <array>
 #include <cstddef>
@@ -36,5 +38,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 __builtin_trap();
         }
     }
+    const chipdesc::FieldValueOf highest = [&](int field) {
+        return std::optional<std::int64_t>(description->fields.at(static_cast<std::size_t>(field)).maximum);
+    };
+    if (chipdesc::BrokenRules(*description, highest).size() > description->rules.size())
+        __builtin_trap();
     return 0;
 }

@@ -310,7 +310,8 @@ TEST(ChipDescription, TheGuideDocumentsEveryKeyOfEachSectionAndNoOther) {
                     {Section::Button, "### `[button NAME]`"},
                     {Section::RegisterText, "### `[register-text]`"},
                     {Section::Table, "### `[table NAME]`"},
-                    {Section::Grid, "### `[grid NAME]`"}};
+                    {Section::Grid, "### `[grid NAME]`"},
+                    {Section::Rule, "### `[rule NAME]`"}};
     for (const auto& [section, heading] : sections) {
         std::set<std::string> taken;
         for (const Key& key : DescriptionKeys())
