@@ -162,6 +162,29 @@ enum class Notice : std::uint8_t {
 // The newest description format this module reads; a file states its own with format-version.
 inline constexpr int kFormatVersion = 2;
 
+// A read-only text of the page's registers, one byte a line, that the operator copies and pastes back
+// (descriptions/RegisterText.h).
+struct RegisterTextSpec {
+    int line = 0;                                                       // of its section header
+    std::string format = "{record} {address}: {hex} {binary} {fields}"; // of each register's line
+    std::vector<Source> records; // empty: every record a field lives in
+    std::vector<int> ids;        // the text's, Copy's and Paste's control ids; empty: automatic
+};
+
+// A table the operator loads from a file, packed for the chip and handed to a chip function
+// (descriptions/PackedTable.h).
+struct TableSpec {
+    std::string name;
+    int line = 0; // of its section header
+    Item label;
+    int valueBits = 8;
+    int minimumCount = 0;
+    int maximumCount = 0;
+    int functionTable = 0; // 1, 2 or 3: the table of GetFunctionTable, GetFunctionTable2 or 3
+    int entry = -1;
+    int id = 0; // the Load button's control id; 0: automatic
+};
+
 struct Page {
     std::string className;
     int formatVersion = 1;
@@ -186,6 +209,8 @@ struct Page {
     bool defaultButton = false;
     int defaultId = 0; // 0: the id every chip page's Default button has
     bool okCancel = false;
+    std::optional<RegisterTextSpec> registerText;
+    std::vector<TableSpec> tables;
 };
 
 // What a page button does.

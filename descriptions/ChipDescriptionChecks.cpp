@@ -282,7 +282,7 @@ bool Parser::CheckIds() {
         return true;
     };
     if (!claim(m_description.page.linkId, m_page.LineOf("link-id")) ||
-        !claim(m_description.page.defaultId, m_page.LineOf("default-id")))
+        !claim(m_description.page.defaultId, m_page.LineOf("default-id")) || !ClaimSectionIds(claim))
         return false;
     for (const FieldDraft& draft : m_drafts) {
         if (!claim(draft.field.labelId, draft.LineOf("label-id")))

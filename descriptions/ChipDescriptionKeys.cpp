@@ -4,6 +4,7 @@
 #include "descriptions/ChipDescriptionParser.h"
 #include "descriptions/DescriptionFormula.h"
 #include "descriptions/DescriptionReadouts.h"
+#include "descriptions/DescriptionSections.h"
 
 #include <algorithm>
 #include <charconv>
@@ -237,6 +238,10 @@ namespace {
 template <class Owner, class T> T& Into(KeyValue& v, T Owner::*member) {
     if constexpr (std::is_same_v<Owner, Page>)
         return v.page.*member;
+    else if constexpr (std::is_same_v<Owner, RegisterTextSpec>)
+        return *v.page.registerText.*member;
+    else if constexpr (std::is_same_v<Owner, TableSpec>)
+        return v.page.tables.back().*member;
     else if constexpr (std::is_same_v<Owner, Field>)
         return v.draft->field.*member;
     else if constexpr (std::is_same_v<Owner, Button>)
@@ -501,9 +506,13 @@ constexpr std::pair<std::string_view, bool> kAccess[] = {{"read-write", false}, 
 constexpr std::pair<std::string_view, OnFill> kOnFill[] = {{"rewrite", OnFill::Rewrite},
                                                            {"count", OnFill::HostCount}};
 
+constexpr std::pair<std::string_view, int> kValueBits[] = {{"8", 8}, {"16", 16}, {"32", 32}};
+
 constexpr Section P = Section::Page;
 constexpr Section F = Section::Field;
 constexpr Section B = Section::Button;
+constexpr Section Txt = Section::RegisterText;
+constexpr Section Tab = Section::Table;
 
 // A new key is a row here and one in docs/chip-descriptions.md (a test compares the two), and a check
 // in ChipDescriptionChecks.cpp when it depends on other keys.
@@ -573,6 +582,17 @@ constexpr Key kKeys[] = {
     {"action", B, ReadAction, "what the button does"},
     {"argument", B, ReadArgument, "what a chip function is handed: a field's value or a record"},
     {"id", B, Id<&Button::id>, "the button's control id"},
+
+    {"line", Txt, ReadLineFormat, "the format of each register's line"},
+    {"records", Txt, Records<&RegisterTextSpec::records, false, true>,
+     "the records the text shows, in order"},
+    {"ids", Txt, Ids<&RegisterTextSpec::ids>, "the text's, Copy's and Paste's control ids"},
+
+    {"label", Tab, Text<&TableSpec::label>, "the text before the table's Load button"},
+    {"values", Tab, Word<&TableSpec::valueBits, kValueBits>, "the bits of each value"},
+    {"count", Tab, ReadTableCount, "how many values the table takes"},
+    {"function", Tab, ReadChipFunction, "the chip function the packed table goes to"},
+    {"id", Tab, Id<&TableSpec::id>, "the Load button's control id"},
 };
 
 } // namespace

@@ -9,7 +9,7 @@
 
 namespace chipdesc {
 
-enum class Section : std::uint8_t { Page, Field, Button };
+enum class Section : std::uint8_t { Page, Field, Button, RegisterText, Table };
 
 namespace detail {
 struct KeyValue;

@@ -87,6 +87,8 @@ ParseResult Parser::Run(std::string_view text) {
     if (!CheckRefreshReads() || !FinishButtons())
         return *m_error;
     CompleteChangeTest();
+    if (!FinishSectionsOfVersion2())
+        return *m_error;
     return std::move(m_description);
 }
 
@@ -148,8 +150,9 @@ bool Parser::Line(int number, std::string_view line) {
     if (!m_section)
         return Fail(number, ErrorCode::Syntax, line);
     auto& keyLines = *m_section == Section::Page     ? m_page.keyLines
+                     : *m_section == Section::Field  ? m_drafts.back().keyLines
                      : *m_section == Section::Button ? m_buttons.back().keyLines
-                                                     : m_drafts.back().keyLines;
+                                                     : SectionKeyLines();
     if (keyLines.count(key))
         return Fail(number, ErrorCode::DuplicateKey, key);
     keyLines.emplace(std::string(key), number);
@@ -185,6 +188,8 @@ bool Parser::Header(int number, std::string_view name) {
     }
     if (name.substr(0, 7) == "button " || name.substr(0, 7) == "button\t")
         return ButtonHeader(number, Trim(name.substr(7)));
+    if (IsSectionOfVersion2(name))
+        return SectionHeader(number, name);
     return Fail(number, ErrorCode::UnknownSection, name);
 }
 

@@ -164,6 +164,13 @@ private:
     bool FinishButtons();
     bool FinishButton(ButtonDraft& draft);
 
+    // The register text and the tables (DescriptionSections.cpp).
+    static bool IsSectionOfVersion2(std::string_view name);
+    bool SectionHeader(int number, std::string_view name);
+    std::map<std::string, int, std::less<>>& SectionKeyLines();
+    bool ClaimSectionIds(const std::function<bool(int id, int line)>& claim) const;
+    bool FinishSectionsOfVersion2();
+
     const KnownStringId& m_known;
     std::optional<ParseError> m_error;
     Description m_description;
@@ -172,6 +179,8 @@ private:
     PageDraft m_page;
     std::vector<FieldDraft> m_drafts;
     std::vector<ButtonDraft> m_buttons;
+    PageDraft m_textDraft;
+    std::vector<PageDraft> m_tableDrafts;
     std::string_view m_line; // being read
     int m_lastLine = 1;
 };

@@ -2,6 +2,7 @@
 
 #include "descriptions/DescriptionFormula.h"
 #include "descriptions/DescriptionReadouts.h"
+#include "descriptions/SectionLayout.h"
 #include "framework/TextEncoding.h"
 
 #include <algorithm>
@@ -57,6 +58,8 @@ public:
         }
         for (const Button& button : description.buttons)
             m_usedIds.insert(button.id);
+        for (const int id : SectionIds(description))
+            m_usedIds.insert(id);
         m_usedIds.insert(description.page.linkId);
         m_usedIds.insert(description.page.defaultId);
     }
@@ -271,6 +274,9 @@ LayoutPlan Planner::Plan() {
     int y = Y(kMargin);
     AddSwitchAndHeaders(columns, y);
     const std::vector<GroupSpan> groups = AddRows(rows, columns, y);
+    PlanSections(
+        m_description, m_texts, m_units, columns.labelX, RightEdge(), y,
+        [this](int id) { return id ? id : NextId(); }, m_plan.windows);
     AddPageButtons(columns.labelX, RightEdge(), y);
     AddButtons(columns.labelX, RightEdge(), y);
     // Group boxes go first: behind their rows, and out of the tab order.

@@ -40,6 +40,12 @@ enum class Role : std::uint8_t {
     DefaultButton,
     OkButton,
     CancelButton,
+    // The register text and its Copy and Paste buttons; a table's Load button (after its Label, both
+    // with the table's index as their button).
+    RegisterText,
+    CopyButton,
+    PasteButton,
+    TableButton,
 };
 
 struct PlannedWindow {
@@ -50,7 +56,7 @@ struct PlannedWindow {
     int id = 0;      // 0: the window needs no id
     std::wstring text;
     Rect rect;       // pixels in the page; a combo box's includes its drop-down list
-    int button = -1; // PageButton: the button's index
+    int button = -1; // PageButton: the button's index; TableButton and its Label: the table's
 };
 
 // Rows a page may move to another column only together: a group box with its rows, or a row outside

@@ -150,3 +150,10 @@ std::wstring DecodeText(std::string_view bytes) {
     bytes.remove_prefix(BomLength(encoding));
     return encoding == TextEncoding::Utf16Le ? Utf16LeToWide(bytes) : Utf8ToWide(bytes);
 }
+
+std::wstring ReplaceAll(std::wstring text, std::wstring_view placeholder, std::wstring_view value) {
+    for (std::size_t at = text.find(placeholder); at != std::wstring::npos;
+         at = text.find(placeholder, at + value.size()))
+        text.replace(at, placeholder.size(), value);
+    return text;
+}

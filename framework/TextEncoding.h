@@ -18,3 +18,6 @@ std::string WideToUtf8(std::wstring_view text);
 
 // Decodes a whole file image by its BOM (the BOM itself is dropped).
 std::wstring DecodeText(std::string_view bytes);
+
+// Every "{placeholder}" of a translated text replaced by its value (a value is never searched again).
+std::wstring ReplaceAll(std::wstring text, std::wstring_view placeholder, std::wstring_view value);

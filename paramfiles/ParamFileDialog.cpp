@@ -15,8 +15,9 @@ namespace {
 // Long enough for any path the file dialog can return.
 constexpr std::size_t kPathChars = 32768;
 
-bool AskPath(HWND owner, bool save, const std::wstring& defaultName, DWORD flags, std::wstring& path) {
-    const std::wstring filter = FileDialogFilter(kParamFileFilter);
+bool AskPath(HWND owner, bool save, const std::wstring& defaultName, DWORD flags,
+             std::wstring_view filterText, const wchar_t* extension, std::wstring& path) {
+    const std::wstring filter = FileDialogFilter(filterText);
     std::vector<wchar_t> file(kPathChars, L'\0');
     defaultName.copy(file.data(), std::min(defaultName.size(), kPathChars - 1));
 
@@ -27,7 +28,7 @@ bool AskPath(HWND owner, bool save, const std::wstring& defaultName, DWORD flags
     dialog.nFilterIndex = 1;
     dialog.lpstrFile = file.data();
     dialog.nMaxFile = static_cast<DWORD>(file.size());
-    dialog.lpstrDefExt = kParamFileExtension;
+    dialog.lpstrDefExt = extension;
     dialog.Flags = flags;
     const BOOL chosen = save ? ::GetSaveFileNameW(&dialog) : ::GetOpenFileNameW(&dialog);
     if (!chosen)
@@ -55,11 +56,15 @@ private:
 
 bool AskExportPath(HWND owner, const std::wstring& defaultName, std::wstring& path) {
     return AskPath(owner, true, defaultName, OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_FILEMUSTEXIST,
-                   path);
+                   kParamFileFilter, kParamFileExtension, path);
 }
 
 bool AskImportPath(HWND owner, std::wstring& path) {
-    return AskPath(owner, false, L"", OFN_FILEMUSTEXIST | OFN_HIDEREADONLY, path);
+    return AskOpenPath(owner, kParamFileFilter, kParamFileExtension, path);
+}
+
+bool AskOpenPath(HWND owner, std::wstring_view filter, const wchar_t* extension, std::wstring& path) {
+    return AskPath(owner, false, L"", OFN_FILEMUSTEXIST | OFN_HIDEREADONLY, filter, extension, path);
 }
 
 void ExportAsked(const CDialog& page, int buttonId, RegisterParamTable* table) {

@@ -8,12 +8,15 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 class CDialog;
 
 // False when the operator cancels (or the dialog cannot be shown); `path` is then untouched.
 bool AskExportPath(HWND owner, const std::wstring& defaultName, std::wstring& path);
 bool AskImportPath(HWND owner, std::wstring& path);
+// Any file to open: filter as "Text|*.txt|...||", the extension added to a name typed without one.
+bool AskOpenPath(HWND owner, std::wstring_view filter, const wchar_t* extension, std::wstring& path);
 
 // What a page's Export button does: the button greyed while it runs, the save dialog proposing the
 // table's file name, the file written, the operator told how it went. Nothing when they cancel.

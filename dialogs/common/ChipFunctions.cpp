@@ -23,11 +23,12 @@ RegvaneChipFunction Entry(IRegvane& chip, int table, std::size_t entry) {
 
 } // namespace
 
-ChipFunctionResult CallChipFunction(IRegvane& chip, int table, std::size_t entry, std::intptr_t argument) {
+ChipFunctionResult CallChipFunction(IRegvane& chip, int table, std::size_t entry, std::intptr_t argument,
+                                    std::intptr_t second, std::intptr_t third) {
     const RegvaneChipFunction function = Entry(chip, table, entry);
     if (!function)
         return ChipFunctionResult::NotOffered;
-    return function(argument, 0, 0) == 0 ? ChipFunctionResult::Done : ChipFunctionResult::Failed;
+    return function(argument, second, third) == 0 ? ChipFunctionResult::Done : ChipFunctionResult::Failed;
 }
 
 void SendChipState(IRegvane& chip) {

@@ -53,7 +53,12 @@ WindowKind KindOf(Role role, const Field* field) {
     case Role::DefaultButton:
     case Role::OkButton:
     case Role::CancelButton:
+    case Role::CopyButton:
+    case Role::PasteButton:
+    case Role::TableButton:
         return {L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP};
+    case Role::RegisterText:
+        return {L"EDIT", ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE};
     case Role::Control:
         break;
     default: // a field's texts take the pointer, for its help
@@ -286,6 +291,8 @@ void CDescribedPage::CreateControls() {
             m_fieldWindows[static_cast<std::size_t>(planned.field)].push_back(window);
         if (planned.role == Role::LinkSwitch)
             m_linkId = planned.id;
+        if (NoteSectionWindow(planned, window))
+            continue;
         if (edit)
             lastEdit = edit.get();
         switch (planned.role) {
@@ -438,6 +445,7 @@ void CDescribedPage::RefreshFromChip() {
     ShowRecords(records, read);
     WriteOnFillFields();
     ShowSwitches();
+    UpdateRegisterText();
 }
 
 void CDescribedPage::ShowSwitches() {
@@ -562,6 +570,7 @@ void CDescribedPage::ChangeField(int fieldIndex, const ColourValues& values, con
         records[static_cast<std::size_t>(field.source)] = record;
         read[static_cast<std::size_t>(field.source)] = true;
         ShowFieldsTheyAllow(records, read);
+        UpdateRegisterText();
     }
     if (fieldIndex == m_currentField && Settings().showCurrent)
         for (int colour = 0; colour < m_description->page.colourCount; ++colour)
@@ -657,6 +666,7 @@ void CDescribedPage::WriteDefaults() {
     if (m_currentSwitchId)
         UpdateCurrentGroup();
     ReportChange();
+    UpdateRegisterText();
 }
 
 void CDescribedPage::WriteOnFillFields() {
@@ -676,8 +686,10 @@ void CDescribedPage::WriteOnFillFields() {
                          return value;
                      },
                      true);
-    if (written)
+    if (written) {
         ReportChange();
+        UpdateRegisterText();
+    }
 }
 
 bool CDescribedPage::OnHScroll(UINT code, UINT position, HWND scrollBar) {
@@ -755,6 +767,8 @@ bool CDescribedPage::OnCommand(UINT code, UINT id, HWND control) {
         ShowSwitchesOnPagesSharingThem();
         return true;
     }
+    if (OnSectionCommand(code, id))
+        return true;
     const int defaultId = m_description->page.defaultId ? m_description->page.defaultId : kDefaultButtonId;
     if (code == BN_CLICKED && id == static_cast<UINT>(defaultId) && m_description->page.defaultButton) {
         WriteDefaults();

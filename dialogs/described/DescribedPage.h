@@ -154,6 +154,18 @@ private:
     void ShowSwitchesOnPagesSharingThem();
     static std::vector<CDescribedPage*>& OpenPages();
 
+    // The register text and the tables (DescribedPageSections.cpp): true for a window of theirs.
+    bool NoteSectionWindow(const chipdesc::PlannedWindow& planned, HWND window);
+    void UpdateRegisterText();
+    void CopyRegisterText();
+    void PasteRegisterText();
+    void LoadTable(std::size_t index);
+    bool OnSectionCommand(UINT code, UINT id);
+    HWND m_registerText = nullptr;
+    int m_copyId = 0;
+    int m_pasteId = 0;
+    std::vector<int> m_tableIds;
+
     std::shared_ptr<const chipdesc::Description> m_description;
     std::unique_ptr<RegisterParamTable> m_paramTable; // its snapshot is part of the change test
     std::vector<std::pair<int, int>> m_buttonIds;     // a button's control id, its index

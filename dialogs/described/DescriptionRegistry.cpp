@@ -14,13 +14,6 @@ namespace {
 constexpr wchar_t kResourceType[] = L"CHIPDESC";
 constexpr wchar_t kExtension[] = L".desc";
 
-std::wstring Replace(std::wstring text, std::wstring_view placeholder, std::wstring_view value) {
-    for (std::size_t at = text.find(placeholder); at != std::wstring::npos;
-         at = text.find(placeholder, at + value.size()))
-        text.replace(at, placeholder.size(), value);
-    return text;
-}
-
 // At most one byte more than a description may have, so that the parser can say it is too large.
 bool ReadDescriptionFile(const std::wstring& path, std::string& text) {
     HANDLE file = ::CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
@@ -129,17 +122,17 @@ DescriptionLookup DescriptionRegistry::Load(const std::wstring& path) {
 }
 
 std::wstring DescriptionRegistry::ReasonText(const chipdesc::ParseError& error) {
-    return Replace(Tr(Utf8ToWide(chipdesc::ReasonStringId(error.code))), L"{detail}",
-                   Utf8ToWide(error.detail));
+    return ReplaceAll(Tr(Utf8ToWide(chipdesc::ReasonStringId(error.code))), L"{detail}",
+                      Utf8ToWide(error.detail));
 }
 
 std::wstring DescriptionRegistry::ProblemText(const DescriptionProblem& problem, bool opensDescribed) {
     const chipdesc::ParseError& error = problem.error;
     const std::wstring reason = ReasonText(error);
     std::wstring text = Tr(opensDescribed ? L"IDS_Description_ProblemShipped" : L"IDS_Description_Problem");
-    text = Replace(std::move(text), L"{file}", FileName(problem.file));
-    text = Replace(std::move(text), L"{line}", std::to_wstring(error.line));
-    return Replace(std::move(text), L"{reason}", reason);
+    text = ReplaceAll(std::move(text), L"{file}", FileName(problem.file));
+    text = ReplaceAll(std::move(text), L"{line}", std::to_wstring(error.line));
+    return ReplaceAll(std::move(text), L"{reason}", reason);
 }
 
 void DescriptionRegistry::TellOnce(const DescriptionProblem& problem, HWND owner, bool opensDescribed) {

@@ -60,6 +60,8 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         text.replace(text.find(from), from.size(), to);
         return text;
     };
+    const std::string version2 =
+        replace("class = CRegvaneExampleChip", "class = CRegvaneExampleChip\nformat-version = 2");
     auto button = [&](const std::string& action) {
         return good + "[button b]\nlabel = IDS_B\naction = " + action + "\n";
     };
@@ -129,6 +131,11 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {replace("bits = 8[0]", "bits = 8[0]\nsigned = sign-magnitude"), 14, ErrorCode::BadValue},
         {replace("link = IDS_Link", "link = IDS_Link\ncolours = 4"), 4, ErrorCode::MissingKey},
         {replace("link = IDS_Link", "link = IDS_Link\ncolour-labels = \"R\" \"G\""), 4, ErrorCode::BadValue},
+        // The register text and the tables: format version 2, a format that can be read back, a function.
+        {good + "[register-text]\n", 17, ErrorCode::MissingKey},
+        {version2 + "[register-text]\nline = \"{address} {fields}\"\n", 19, ErrorCode::BadValue},
+        {version2 + "[table t]\nlabel = \"T\"\ncount = 4\n", 18, ErrorCode::MissingKey},
+        {version2 + "[table t]\nfunction = 2 64\n", 19, ErrorCode::BadValue},
         {"[page]\nclass = CRegvaneExampleChip\n", 2, ErrorCode::NoFields},
         {std::string(kGoodPage) + "\nnote = \x01\x02", 18, ErrorCode::NotText},
         {std::string(kGoodPage) + "\n# " + std::string(1200, 'x'), 18, ErrorCode::LineTooLong},
@@ -273,8 +280,9 @@ TEST(ChipDescription, EveryShippedDescriptionIsValidNamedForItsClassAndTranslate
     // The documentation's examples are valid descriptions too.
     for (const auto& entry :
          std::filesystem::directory_iterator(std::filesystem::path(REGVANE_SOURCE_DIR) / "docs" / "examples"))
-        Parsed(ReadSourceFile("docs/examples/" + entry.path().filename().string()), IsModuleStringId,
-               entry.path().filename().string());
+        if (entry.path().extension() == ".desc") // beside them, a table file for one of them
+            Parsed(ReadSourceFile("docs/examples/" + entry.path().filename().string()), IsModuleStringId,
+                   entry.path().filename().string());
 }
 
 // The names in backquotes in the first column of the tables under a heading of the guide.
@@ -304,7 +312,9 @@ TEST(ChipDescription, TheGuideDocumentsEveryKeyOfEachSectionAndNoOther) {
         std::string heading;
     } sections[] = {{Section::Page, "### `[page]`"},
                     {Section::Field, "### `[field NAME]`"},
-                    {Section::Button, "### `[button NAME]`"}};
+                    {Section::Button, "### `[button NAME]`"},
+                    {Section::RegisterText, "### `[register-text]`"},
+                    {Section::Table, "### `[table NAME]`"}};
     for (const auto& [section, heading] : sections) {
         std::set<std::string> taken;
         for (const Key& key : DescriptionKeys())

@@ -111,3 +111,20 @@ protected:
     HostFrame host;
     std::vector<HWND> opened;
 };
+
+// A page of a description the test writes, on a chip of the test's own; the file goes with the test.
+class DescribedPageTest : public PageTest {
+protected:
+    void OpenWith(const std::wstring& name, const std::string& text) {
+        path = WriteDescription(name, text);
+        page = OpenDescribed(path, &chip);
+    }
+    void TearDown() override {
+        PageTest::TearDown();
+        DeleteFileW(path.c_str());
+    }
+
+    SimulatedChip chip{7, 0};
+    std::wstring path;
+    HWND page = nullptr;
+};

@@ -21,25 +21,16 @@ std::string ButtonsPage() {
     return text;
 }
 
-class PageButtons : public PageTest {
+class PageButtons : public DescribedPageTest {
 protected:
     void SetUp() override {
         PageTest::SetUp();
-        path = WriteDescription(L"CRegvaneButtonsTest.desc", ButtonsPage());
         chip.regData[2] = 9;
         chip.OfferChipFunctions();
         chip.functionTable3 = {};
         chip.failingFunction = {2, 7};
-        page = OpenDescribed(path, &chip);
+        OpenWith(L"CRegvaneButtonsTest.desc", ButtonsPage());
     }
-    void TearDown() override {
-        PageTest::TearDown();
-        DeleteFileW(path.c_str());
-    }
-
-    SimulatedChip chip{7, 0};
-    std::wstring path;
-    HWND page = nullptr;
 };
 
 TEST_F(PageButtons, AskTheHostFrameForAPageReadTheChipAgainAndWriteTheDefaults) {
