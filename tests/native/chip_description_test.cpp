@@ -14,6 +14,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <random>
 #include <set>
 #include <sstream>
@@ -68,11 +69,12 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         std::string text;
         int line;
         ErrorCode code;
+        std::string detail = {}; // checked when given: the field a refusal names
     } cases[] = {
         {replace("link = IDS_Link", "lnik = IDS_Link"), 3, ErrorCode::UnknownKey},
         {replace("[field mode]", "[feild mode]"), 11, ErrorCode::UnknownSection},
         {replace("control = combo", "control = combo\nlabel = IDS_Mode"), 16, ErrorCode::DuplicateKey},
-        {replace("bits = 8[0]", "bits = 2[5]"), 13, ErrorCode::Overlap},        // red's gain
+        {replace("bits = 8[0]", "bits = 2[5]"), 13, ErrorCode::Overlap, "gain"}, // red's gain
         {replace("bits = 8[0]", "bits = 14[0]"), 13, ErrorCode::OutsideRecord}, // blue's copy at 18 of 16
         {replace("bits = 8[0]", "bits = 8[8:7]"), 13, ErrorCode::BadBits},
         {replace("items = IDS_A \"B\"", "items = IDS_A \"B\" IDS_C"), 16, ErrorCode::ItemsDoNotFit},
@@ -120,7 +122,7 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {replace("control = combo", "control = combo\nlike = speed"), 16, ErrorCode::UnknownField},
         {good + "[field a]\nlike = b\n[field b]\nlike = a\n", 18, ErrorCode::CopyCycle},
         {good + "[field m2]\nlike = mode\noffset = 7\n", 19, ErrorCode::OutsideRecord},
-        {good + "[field m2]\nlike = mode\n", 18, ErrorCode::Overlap},
+        {good + "[field m2]\nlike = mode\n", 18, ErrorCode::Overlap, "mode"},
         {good + "[field m2]\nlike = mode\noffset = 1\nrepeat = 2 every 6\n", 20, ErrorCode::OutsideRecord},
         // Wide, signed, and more colours.
         {good + "[field w]\nlabel = \"W\"\nrecord = record-a\nbits = 0[7:0] 1[7:0] 2[7:0] 3[7:0]\ncontrol = "
@@ -156,6 +158,8 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         SCOPED_TRACE(std::string(ReasonStringId(error.code)) + " " + error.detail + "\n" + bad.text);
         EXPECT_EQ(error.line, bad.line);
         EXPECT_EQ(error.code, bad.code);
+        if (!bad.detail.empty())
+            EXPECT_EQ(error.detail, bad.detail);
     }
 }
 
@@ -236,7 +240,7 @@ TEST(ChipDescription, EveryCodingKeepsEveryValueAndNoOtherBit) {
 TEST(ChipDescription, ItemsWithGapsAreStoredByTheirValueAndAValueNoItemNamesShowsAsItsNumber) {
     const Field speed =
         Parsed("[page]\nclass = CRegvaneExampleChip\n[field s]\nlabel = IDS_S\nbits = 4[1:0]=6[3:2]\n"
-               "coding = xor 1\ncontrol = combo\nitems = 2 \"Slow\", 3 \"Fast\", 0 IDS_Off\n",
+               "coding = xor 1\ncontrol = combo\nitems = 2 \"Slow #1\", 3 \"Fast\", 0 IDS_Off # a comment\n",
                AnyId, "items")
             .fields.at(0);
     std::array<std::uint8_t, 16> block;
@@ -246,6 +250,7 @@ TEST(ChipDescription, ItemsWithGapsAreStoredByTheirValueAndAValueNoItemNamesShow
     EXPECT_EQ(block[6], 0xFB);
     block[4] = 0xF0; // stored 0: 1, which no item names
     EXPECT_EQ(ValueText(speed, ReadValue(speed, block, 0), {}), L"1");
+    EXPECT_EQ(ValueText(speed, 2, {}), L"Slow #1"); // a '#' inside quotes is text
 }
 
 std::string ReadSourceFile(const std::string& relative) {
@@ -389,6 +394,37 @@ TEST(ChipDescription, TheLayoutGivesEveryTextItsRoomAndNoTwoControlsOverlap) {
                 EXPECT_TRUE(apart) << "windows " << i << " and " << j;
             }
     }
+}
+
+// A read-out's cell holds the longest text over its range, wherever in the range it lies, and each
+// colour's controls stand under that colour's header.
+TEST(ChipDescription, ReadoutCellsHoldTheirLongestTextUnderTheirColoursHeader) {
+    const Description description =
+        Parsed("[page]\nclass = CRegvaneExampleChip\n[field g]\nlabel = \"G\"\nbits = 2[5:0]\n"
+               "colours = separate\ncontrol = slider\nreadout = \"%.1f x\" 100 / (value - 20)\n",
+               AnyId, "readout");
+    LayoutTexts texts;
+    texts.measure = [](std::wstring_view text) { return static_cast<int>(text.size()) * 6; };
+    std::map<int, Rect> headers;
+    int readouts = 0;
+    const LayoutPlan plan = PlanLayout(description, texts, {6, 13});
+    for (const PlannedWindow& window : plan.windows)
+        if (window.role == Role::ColourHeader)
+            headers[window.colour] = window.rect;
+    for (const PlannedWindow& window : plan.windows) {
+        if (window.role == Role::Readout) {
+            ++readouts;
+            EXPECT_GE(window.rect.Width(), 6 * 8) << "\"-100.0 x\", at 19";
+        }
+        if (window.role == Role::Control)
+            EXPECT_EQ(window.rect.left, headers.at(window.colour).left) << window.colour;
+        if (window.role == Role::Readout)
+            EXPECT_LE(window.rect.right, headers.at(window.colour).right) << window.colour;
+    }
+    EXPECT_EQ(headers.size(), 3u);
+    EXPECT_EQ(readouts, 3);
+    EXPECT_EQ(Shipped("CRegvaneFM6126").CurrentField(), 0); // its gain's output current
+    EXPECT_EQ(description.CurrentField(), -1);
 }
 
 } // namespace
