@@ -9,16 +9,6 @@
 
 using namespace chipdesc;
 
-namespace {
-
-LayoutTexts GridTexts() {
-    LayoutTexts texts;
-    texts.translate = [](std::string_view id) { return Tr(Utf8ToWide(id)); };
-    return texts;
-}
-
-} // namespace
-
 struct CDescribedPage::ShownGrid {
     ShownGrid(const Grid& grid, std::wstring rowNames, CVirtualList::CellText cellText,
               CVirtualGrid::CommitCell commit)
@@ -42,8 +32,8 @@ void CDescribedPage::AddGrid(const PlannedWindow& planned, HWND window, const st
         if (column == 0)
             text = RowName(shown.grid, shown.rowNames, row);
         else
-            text = ValueText(cellOf(row, column).second, ReadValue(cellOf(row, column).second, shown.record, 0),
-                             GridTexts());
+            text = ValueText(cellOf(row, column).second,
+                             ReadValue(cellOf(row, column).second, shown.record, 0), TranslatedLayoutTexts());
     };
     auto commit = [this, cellOf](int row, int column, const std::wstring& typed) -> CVirtualGrid::Verdict {
         const auto [index, cell] = cellOf(row, column);
@@ -52,21 +42,23 @@ void CDescribedPage::AddGrid(const PlannedWindow& planned, HWND window, const st
             std::wstring reason = Tr(L"IDS_Grid_Range");
             for (const auto& [mark, limit] : {std::pair{L"{min}", cell.minimum}, {L"{max}", cell.maximum}})
                 if (const std::size_t place = reason.find(mark); place != std::wstring::npos)
-                    reason.replace(place, 5, ValueText(cell, limit, GridTexts()));
+                    reason.replace(place, 5, ValueText(cell, limit, TranslatedLayoutTexts()));
             return {false, reason};
         }
         if (CanWrite())
             ChangeField(index, {value, value, value}, {true, false, false});
         return {true, {}};
     };
-    m_grids.push_back(std::make_shared<ShownGrid>(grid, ItemText(grid.rowNames, GridTexts()), cellText, commit));
+    m_grids.push_back(std::make_shared<ShownGrid>(grid, ItemText(grid.rowNames, TranslatedLayoutTexts()),
+                                                  cellText, commit));
     CVirtualGrid& list = m_grids.back()->list;
     list.Attach(window, 1);
     std::vector<CVirtualList::Column> columns{{L"", widths[0]}};
     for (int column = 0; column < grid.columns; ++column)
-        columns.push_back({ItemText(m_description->fields[static_cast<std::size_t>(grid.Cell(0, column))].label,
-                                    GridTexts()),
-                           widths[static_cast<std::size_t>(column + 1)]});
+        columns.push_back(
+            {ItemText(m_description->fields[static_cast<std::size_t>(grid.Cell(0, column))].label,
+                      TranslatedLayoutTexts()),
+             widths[static_cast<std::size_t>(column + 1)]});
     list.List().AddColumns(columns);
     list.List().SetRowCount(grid.rows);
 }

@@ -24,6 +24,9 @@ namespace chipdesc {
 struct Rule; // DescriptionRules.h
 }
 
+// Texts of a description as the page shows them: string ids through the module's translator.
+chipdesc::LayoutTexts TranslatedLayoutTexts();
+
 class CDescribedPage : public CChipDialog {
 public:
     // The template is the page class's own; only its frame is used (style, size, caption, font).
@@ -84,8 +87,10 @@ private:
     // and scrolls.
     void FitToHostArea(const chipdesc::LayoutPlan& plan, int scrolledHeight);
     // The numeric edit a planned window needs (a number field's, a reference's), or null.
-    std::unique_ptr<CNumberEdit> MakeEdit(const chipdesc::PlannedWindow& planned, const chipdesc::Field* field) const;
-    void AddControlSlot(const chipdesc::PlannedWindow& planned, HWND window, std::unique_ptr<CNumberEdit> edit);
+    std::unique_ptr<CNumberEdit> MakeEdit(const chipdesc::PlannedWindow& planned,
+                                          const chipdesc::Field* field) const;
+    void AddControlSlot(const chipdesc::PlannedWindow& planned, HWND window,
+                        std::unique_ptr<CNumberEdit> edit);
     // What the chip held for a field when the page opened, where the snapshot has it.
     chipdesc::Value SnapshotValue(const chipdesc::Field& field, int colour) const;
     void ShowValue(ControlSlot& slot, chipdesc::Value value);
@@ -202,7 +207,7 @@ private:
     int m_currentField = -1;
     int m_currentSwitchId = 0;
     std::array<CurrentColour, chipdesc::kMaxColours> m_current;
-    HWND m_help = nullptr; // the tooltips of the fields' help
+    HWND m_help = nullptr;                          // the tooltips of the fields' help
     std::vector<const chipdesc::Rule*> m_rulesTold; // broken, and the operator told
     CPageScroller m_scroller;
 };

@@ -12,15 +12,11 @@
 
 using namespace chipdesc;
 
-namespace {
-
-LayoutTexts Translated() {
+LayoutTexts TranslatedLayoutTexts() {
     LayoutTexts texts;
     texts.translate = [](std::string_view id) { return Tr(Utf8ToWide(id)); };
     return texts;
 }
-
-} // namespace
 
 void CDescribedPage::ShowItem(const ControlSlot& slot, Value value) const {
     const Field& field = FieldOf(slot);
@@ -53,7 +49,7 @@ void CDescribedPage::ShowReadOnlyValue(const ControlSlot& slot, Value value) con
         ::SendMessageW(slot.window, BM_SETCHECK, value ? BST_CHECKED : BST_UNCHECKED, 0);
         return;
     }
-    const std::wstring text = ValueText(field, value, Translated());
+    const std::wstring text = ValueText(field, value, TranslatedLayoutTexts());
     if (CWnd(slot.window).GetWindowText() != text)
         ::SetWindowTextW(slot.window, text.c_str());
 }
@@ -74,7 +70,7 @@ void CDescribedPage::AddHelp() {
             ::SendMessageW(m_help, TTM_SETMAXTIPWIDTH, 0, lines.right);
             ::SendMessageW(m_help, TTM_SETDELAYTIME, TTDT_AUTOPOP, 30000);
         }
-        std::wstring text = ItemText(fields[i].help, Translated());
+        std::wstring text = ItemText(fields[i].help, TranslatedLayoutTexts());
         for (HWND window : m_fieldWindows[i]) {
             TOOLINFOW tool{};
             tool.cbSize = TTTOOLINFOW_V2_SIZE; // common controls 5 as well as 6
