@@ -72,6 +72,14 @@ int LineOfOffset(std::string_view text, std::size_t offset) {
                    std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(offset), '\n'));
 }
 
+// "[field gain]" is the field section named gain: the name after the keyword and a blank.
+std::optional<std::string_view> NamedHeader(std::string_view header, std::string_view keyword) {
+    if (header.size() <= keyword.size() || header.substr(0, keyword.size()) != keyword ||
+        (header[keyword.size()] != ' ' && header[keyword.size()] != '\t'))
+        return std::nullopt;
+    return Trim(header.substr(keyword.size() + 1));
+}
+
 } // namespace
 
 ParseResult Parser::Run(std::string_view text) {
@@ -177,26 +185,25 @@ bool Parser::Header(int number, std::string_view name) {
         m_section = Section::Page;
         return true;
     }
-    if (name.substr(0, 6) == "field " || name.substr(0, 6) == "field\t") {
-        const std::string_view fieldName = Trim(name.substr(6));
-        if (!IsName(fieldName))
-            return Fail(number, ErrorCode::BadValue, fieldName);
+    if (const auto fieldName = NamedHeader(name, "field")) {
+        if (!IsName(*fieldName))
+            return Fail(number, ErrorCode::BadValue, *fieldName);
         for (const FieldDraft& draft : m_drafts)
-            if (draft.field.name == fieldName)
-                return Fail(number, ErrorCode::DuplicateName, fieldName);
+            if (draft.field.name == *fieldName)
+                return Fail(number, ErrorCode::DuplicateName, *fieldName);
         FieldDraft draft;
-        draft.field.name = std::string(fieldName);
+        draft.field.name = std::string(*fieldName);
         draft.field.line = number;
         m_drafts.push_back(std::move(draft));
         m_section = Section::Field;
         return true;
     }
-    if (name.substr(0, 7) == "button " || name.substr(0, 7) == "button\t")
-        return ButtonHeader(number, Trim(name.substr(7)));
-    if (name.substr(0, 5) == "grid " || name.substr(0, 5) == "grid\t")
-        return GridHeader(number, Trim(name.substr(5)));
-    if (name.substr(0, 5) == "rule " || name.substr(0, 5) == "rule\t")
-        return RuleHeader(number, Trim(name.substr(5)));
+    if (const auto buttonName = NamedHeader(name, "button"))
+        return ButtonHeader(number, *buttonName);
+    if (const auto gridName = NamedHeader(name, "grid"))
+        return GridHeader(number, *gridName);
+    if (const auto ruleName = NamedHeader(name, "rule"))
+        return RuleHeader(number, *ruleName);
     if (IsSectionOfVersion2(name))
         return SectionHeader(number, name);
     return Fail(number, ErrorCode::UnknownSection, name);

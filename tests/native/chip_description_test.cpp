@@ -75,7 +75,7 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {replace("[field mode]", "[feild mode]"), 11, ErrorCode::UnknownSection},
         {replace("control = combo", "control = combo\nlabel = IDS_Mode"), 16, ErrorCode::DuplicateKey},
         {replace("bits = 8[0]", "bits = 2[5]"), 13, ErrorCode::Overlap, "gain"}, // red's gain
-        {replace("bits = 8[0]", "bits = 14[0]"), 13, ErrorCode::OutsideRecord}, // blue's copy at 18 of 16
+        {replace("bits = 8[0]", "bits = 14[0]"), 13, ErrorCode::OutsideRecord},  // blue's copy at 18 of 16
         {replace("bits = 8[0]", "bits = 8[8:7]"), 13, ErrorCode::BadBits},
         {replace("items = IDS_A \"B\"", "items = IDS_A \"B\" IDS_C"), 16, ErrorCode::ItemsDoNotFit},
         {replace("items = IDS_A", "items = Mode_A"), 16, ErrorCode::UnknownStringId},
@@ -208,11 +208,11 @@ TEST(ChipDescription, EveryCodingKeepsEveryValueAndNoOtherBit) {
         {"9[7:0] 8[7:0]", "plain", 0, 65535},                      // a 16-bit register, high byte first
         {"7[5:0]=9[5:0]=11[5:0] 1[0]=1[1]=1[2]", "plain", 0, 127}, // kept three times over
     };
-    for (const auto& spec : fields) {
-        SCOPED_TRACE(spec.bits + " " + spec.coding);
-        const Field field = FieldOf(spec.bits, spec.coding);
-        EXPECT_EQ(CodableRange(field), std::make_pair(spec.lowest, spec.highest));
-        for (Value value = spec.lowest; value <= spec.highest; ++value) {
+    for (const auto& coded : fields) {
+        SCOPED_TRACE(coded.bits + " " + coded.coding);
+        const Field field = FieldOf(coded.bits, coded.coding);
+        EXPECT_EQ(CodableRange(field), std::make_pair(coded.lowest, coded.highest));
+        for (Value value = coded.lowest; value <= coded.highest; ++value) {
             std::array<std::uint8_t, 16> block;
             for (auto& byte : block)
                 byte = static_cast<std::uint8_t>(random());
@@ -310,13 +310,11 @@ TEST(ChipDescription, TheGuideDocumentsEveryKeyOfEachSectionAndNoOther) {
     const struct {
         Section section;
         std::string heading;
-    } sections[] = {{Section::Page, "### `[page]`"},
-                    {Section::Field, "### `[field NAME]`"},
-                    {Section::Button, "### `[button NAME]`"},
-                    {Section::RegisterText, "### `[register-text]`"},
-                    {Section::Table, "### `[table NAME]`"},
-                    {Section::Grid, "### `[grid NAME]`"},
-                    {Section::Rule, "### `[rule NAME]`"}};
+    } sections[] = {
+        {Section::Page, "### `[page]`"},          {Section::Field, "### `[field NAME]`"},
+        {Section::Button, "### `[button NAME]`"}, {Section::RegisterText, "### `[register-text]`"},
+        {Section::Table, "### `[table NAME]`"},   {Section::Grid, "### `[grid NAME]`"},
+        {Section::Rule, "### `[rule NAME]`"}};
     for (const auto& [section, heading] : sections) {
         std::set<std::string> taken;
         for (const Key& key : DescriptionKeys())
