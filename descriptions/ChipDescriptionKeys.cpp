@@ -201,10 +201,23 @@ bool ParsePosition(std::string_view text, Position& position) {
     return true;
 }
 
-bool Refuse(std::optional<ParseError>& error, int line, ErrorCode code, std::string_view detail) {
-    if (!error)
-        error = ParseError{line, code, std::string(detail)};
+int ColumnIn(std::string_view line, std::string_view word) {
+    const std::less<const char*> before;
+    if (before(word.data(), line.data()) || before(line.data() + line.size(), word.data() + word.size()))
+        return 0;
+    return static_cast<int>(word.data() - line.data()) + 1;
+}
+
+bool Refuse(Problems& problems, int line, ErrorCode code, std::string_view detail, int column) {
+    if (problems.list.size() < kMaxProblems)
+        problems.list.push_back({line, code, std::string(detail), column});
+    ++problems.count;
     return false;
+}
+
+bool KeyValue::Fail(std::string_view detail, ErrorCode code) {
+    const int at = ColumnIn(value, detail);
+    return Refuse(problems, line, code, detail, at ? column + at - 1 : column);
 }
 
 bool KeyValue::StringId(std::string_view word, std::string& out) {
@@ -593,7 +606,8 @@ constexpr Key kKeys[] = {
     {"record", G, Record<&Grid::source>, "the record the grid's registers live in"},
     {"rows", G, Number<&Grid::rows, 1, 1024>, "how many times the registers repeat"},
     {"step", G, Number<&Grid::byteStep, 0, 128>, "bytes from one row's registers to the next"},
-    {"bit-step", G, Number<&Grid::bitStep, 0, 64>, "bits more from one row to the next, where registers pack"},
+    {"bit-step", G, Number<&Grid::bitStep, 0, 64>,
+     "bits more from one row to the next, where registers pack"},
     {"row-names", G, Text<&Grid::rowNames>, "the rows' names, %d standing for the row's number"},
     {"first", G, Number<&Grid::first, 0, 65535>, "the first row's number"},
     {"per", G, Number<&Grid::perGroup, 1, 1024>, "rows per first number of a name with two %d"},
