@@ -35,8 +35,7 @@ bool OnHostThread() {
 
 // No C++ exception may reach the host, which may not even be written in C++: a failure inside an
 // entry point gives the documented "nothing" instead.
-template <typename Result, typename Body>
-Result Guarded(Result nothing, Body body) {
+template <typename Result, typename Body> Result Guarded(Result nothing, Body body) {
     if (!OnHostThread())
         return nothing;
     try {
@@ -95,17 +94,29 @@ extern "C" const char* RegvaneDialogClassName(HWND window) {
 
 namespace {
 
-// "file:line: reason", as compilers say it, for a chip engineer's tools.
+// "file:line: reason" or "file:line:column: reason" a problem, as compilers say it, for a chip
+// engineer's tools: every problem on a line of its own.
 void TellProblem(const DescriptionLookup& lookup, wchar_t* problem, int problemChars) {
     if (!problem || problemChars <= 0)
         return;
     std::wstring text;
     if (lookup.problem) {
         const chipdesc::ParseError& error = lookup.problem->error;
-        text = lookup.problem->file + L":" + std::to_wstring(error.line) + L": " +
-               DescriptionRegistry::ReasonText(error);
+        auto tell = [&](const chipdesc::Problem& one) {
+            text += (text.empty() ? L"" : L"\n") + lookup.problem->file + L":" + std::to_wstring(one.line) +
+                    (one.column ? L":" + std::to_wstring(one.column) : L"") + L": " +
+                    DescriptionRegistry::ReasonText(one);
+        };
+        tell(error);
+        for (const chipdesc::Problem& more : error.more)
+            tell(more);
     }
-    const std::size_t length = std::min(text.size(), static_cast<std::size_t>(problemChars - 1));
+    const auto room = static_cast<std::size_t>(problemChars - 1);
+    std::size_t length = text.size();
+    if (length > room) { // the problems that fit whole, unless not even the first does
+        const std::size_t lineEnd = text.rfind(L'\n', room);
+        length = lineEnd != std::wstring::npos ? lineEnd : room;
+    }
     text.copy(problem, length);
     problem[length] = L'\0';
 }

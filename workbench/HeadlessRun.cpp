@@ -213,12 +213,13 @@ int RunDescribed(const WorkbenchOptions& options, HostModule& module, SimulatedH
     PageSession session(module, callback);
     HeadlessFrame frame(session, {options.areaWidth, options.areaHeight});
     MessageBoxAnswerer boxes;
-    std::string problem;
+    std::vector<std::string> problems;
     const PageSession::Opened opened =
-        session.OpenDescription(options.describe, frame.RoomForPage(), &store, options.reset, problem);
+        session.OpenDescription(options.describe, frame.RoomForPage(), &store, options.reset, problems);
     if (!opened.hasPage) {
         PrintLog(session, boxes);
-        std::fprintf(stderr, "error: %s\n", problem.c_str());
+        for (const std::string& problem : problems)
+            std::fprintf(stderr, "error: %s\n", problem.c_str());
         return kExitDescriptionUnusable;
     }
     const SimulatedChip& chip = session.Chip();
@@ -243,11 +244,11 @@ int CheckDescriptions(const WorkbenchOptions& options, HostModule& module) {
     }
     int status = kExitDone;
     for (const std::wstring& file : options.checkDescriptions) {
-        wchar_t problem[1024] = {};
-        if (module.RegvaneCheckDescription(file.c_str(), problem, 1024) == 0) {
+        std::wstring problems(kProblemChars, L'\0'); // a line each
+        if (module.RegvaneCheckDescription(file.c_str(), problems.data(), kProblemChars) == 0) {
             std::printf("%s: ok\n", Utf8(file).c_str());
         } else {
-            std::printf("%s\n", Utf8(problem).c_str());
+            std::printf("%s\n", Utf8(problems.c_str()).c_str());
             status = kExitDescriptionUnusable;
         }
     }

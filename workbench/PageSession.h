@@ -36,10 +36,10 @@ public:
     // The designer: the page a chip description file renders, on the chip of the page class the file
     // describes (the chip table's first page of that class, with what the store saved for it), or on
     // a blank chip for a class the table does not list. Opening a description of the same class again
-    // keeps the chip and its bytes. A file that cannot be used leaves everything as it was; problem
-    // then says "file:line: reason".
+    // keeps the chip and its bytes. A file that cannot be used leaves everything as it was; problems
+    // then says what is wrong, "file:line: reason" for each of the file's problems.
     Opened OpenDescription(const std::wstring& path, HWND view, const ChipStore* store, bool reset,
-                           std::string& problem);
+                           std::vector<std::string>& problems);
     void Close();
 
     HWND Page() const { return m_page; }
