@@ -160,33 +160,31 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
 // (a name of a refused field, a column of a refused grid, the keys of a refused section) is not. A
 // rule names a field the page has, of one value, and gives its message.
 TEST(ChipDescription, EveryProblemIsToldAtItsLineAndNothingThatOnlyFollowsFromOne) {
-    const char* const text = R"(this is prose
-[page]
-class = CRegvaneExampleChip
-[field gain]
-label = IDS_Gain
-bits = 2[5:0]
+    // The good page's 16 lines, then a field refused, and what other sections do with that.
+    const ParseError error = ErrorOf(std::string(kGoodPage) + R"([field tint]
+label = IDS_Tint
 control = knob
 colour = linked
+this is prose
 [field speed]
 label = IDS_Speed
-bits = 8[3:0]
+bits = 9[3:0]
 colours = separate
 control = number # a comment after a value
-show-if = gain
+show-if = tint
 [field fast]
 label = IDS_Fast
-bits = 8[3]
+bits = 11[3]
 control = check
-[field gain2]
-like = gain
+[field tint2]
+like = tint
 [feild spare]
 [grid regs]
 row-names = "Reg %d"
 [field level]
 grid = regs
 label = IDS_Level
-bits = 10[3:0]
+bits = 14[3:0]
 control = number
 [button go]
 label = IDS_Go
@@ -194,9 +192,9 @@ action = jump 3
 [button call]
 label = IDS_Call
 action = function 1 93
-argument = value gain
+argument = value tint
 [rule small]
-check = gain < 3
+check = tint < 3
 message = IDS_Small
 [field speed]
 label = IDS_Speed
@@ -211,16 +209,15 @@ check = speed2 < 3
 message = "m"
 [rule r4]
 check = speed < 3
-)";
-    const ParseError error = ErrorOf(text);
+)");
     std::vector<std::tuple<int, int, ErrorCode>> told{{error.line, error.column, error.code}};
     for (const Problem& more : error.more)
         told.emplace_back(more.line, more.column, more.code);
     const std::vector<std::tuple<int, int, ErrorCode>> expected{
-        {1, 0, ErrorCode::Syntax},       {7, 11, ErrorCode::BadValue},       {8, 1, ErrorCode::UnknownKey},
-        {17, 0, ErrorCode::Overlap},     {21, 0, ErrorCode::UnknownSection}, {22, 0, ErrorCode::MissingKey},
-        {31, 10, ErrorCode::BadValue},   {39, 0, ErrorCode::DuplicateName},  {42, 0, ErrorCode::BadValue},
-        {45, 16, ErrorCode::BadFormula}, {48, 0, ErrorCode::UnknownField},   {50, 0, ErrorCode::MissingKey}};
+        {19, 11, ErrorCode::BadValue},   {20, 1, ErrorCode::UnknownKey},     {21, 0, ErrorCode::Syntax},
+        {30, 0, ErrorCode::Overlap},     {34, 0, ErrorCode::UnknownSection}, {35, 0, ErrorCode::MissingKey},
+        {44, 10, ErrorCode::BadValue},   {52, 0, ErrorCode::DuplicateName},  {55, 0, ErrorCode::BadValue},
+        {58, 16, ErrorCode::BadFormula}, {61, 0, ErrorCode::UnknownField},   {63, 0, ErrorCode::MissingKey}};
     EXPECT_EQ(told, expected);
     // A file of nothing but faults gives a list of a bounded length.
     std::string prose;
