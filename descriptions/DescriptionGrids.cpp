@@ -85,20 +85,16 @@ void PlanGrids(const Description& description, const LayoutTexts& texts, DialogU
         const auto gridIndex = static_cast<int>(index);
         const int top = y;
         if (!grid.label.text.empty()) {
-            plan.windows.push_back({Role::Label,
-                                    -1,
-                                    -1,
-                                    0,
-                                    ItemText(grid.label, texts),
+            plan.windows.push_back({Role::Label, -1, -1, 0, ItemText(grid.label, texts),
                                     {x, y, x + measure(ItemText(grid.label, texts)), y + units.Y(9)}});
             plan.windows.back().grid = gridIndex;
             y += units.Y(11);
         }
         // The rows' names grow with their numbers: the first and the last are the widest.
         const std::wstring pattern = ItemText(grid.rowNames, texts);
-        std::vector<int> widths{
-            std::max(measure(RowName(grid, pattern, 0)), measure(RowName(grid, pattern, grid.rows - 1))) +
-            padding};
+        std::vector<int> widths{std::max(measure(RowName(grid, pattern, 0)),
+                                         measure(RowName(grid, pattern, grid.rows - 1))) +
+                                padding};
         for (int column = 0; column < grid.columns; ++column) {
             const Field& cell = description.fields[static_cast<std::size_t>(grid.Cell(0, column))];
             int width = measure(ItemText(cell.label, texts));
@@ -111,8 +107,7 @@ void PlanGrids(const Description& description, const LayoutTexts& texts, DialogU
             width += column;
         const int rowHeight = units.Y(9);
         const int height = units.Y(11) + std::min(grid.rows, kGridVisibleRows) * rowHeight + 4;
-        PlannedWindow list{
-            Role::Grid, -1, -1, grid.id ? grid.id : nextId(), L"", {x, y, x + width, y + height}};
+        PlannedWindow list{Role::Grid, -1, -1, grid.id ? grid.id : nextId(), L"", {x, y, x + width, y + height}};
         list.grid = gridIndex;
         plan.windows.push_back(std::move(list));
         plan.gridColumns.push_back(std::move(widths));

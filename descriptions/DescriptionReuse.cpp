@@ -97,11 +97,10 @@ bool Parser::Inherit(std::size_t index, std::size_t baseIndex) {
 
 // A repeated field becomes NAME-1 to NAME-COUNT. Consecutive fields of one group repeated as often
 // repeat together: the group's first copy, then its second, each in a box of its own when the title
-// says "{n}".
+// says "{n}". False for more fields than a page can hold: nothing more is checked.
 bool Parser::ExpandRepeats() {
     if (std::none_of(m_drafts.begin(), m_drafts.end(), [](const FieldDraft& d) { return d.repeatCount; }))
         return true;
-    // False for too many fields: no check is worth making of them.
     std::vector<FieldDraft> expanded;
     std::set<std::string, std::less<>> names;
     for (const FieldDraft& draft : m_drafts)
