@@ -205,7 +205,8 @@ std::string ControlMisfits(HWND control) {
         return {};
     }
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(control, text.data(), static_cast<int>(text.size()))));
+    text.resize(
+        static_cast<std::size_t>(GetWindowTextW(control, text.data(), static_cast<int>(text.size()))));
     return text.empty() ? std::string() : Misfit(dc, text, format, room);
 }
 
@@ -218,7 +219,6 @@ std::vector<std::string> PageMisfits(HWND page) {
             misfits.push_back("control " + std::to_string(GetDlgCtrlID(control)) + ": " + misfit);
     return misfits;
 }
-
 
 std::vector<int> LanguagesWithTheirOwnFiles() {
     std::vector<int> indices;

@@ -25,7 +25,7 @@ struct WorkbenchOptions {
     bool reset = false;         // start the chip from its start values, forgetting what was saved
     std::wstring describe;      // a chip description to open (the designer), redrawn when it changes
     std::vector<std::wstring> checkDescriptions; // chip descriptions to check, then stop
-    bool checkLabels = false; // check that the pages' texts fit their controls, then stop
+    bool checkLabels = false;                    // check that the pages' texts fit their controls, then stop
     // The room the host's view gives a page before it opens, in pixels.
     int areaWidth = kDefaultAreaWidth;
     int areaHeight = kDefaultAreaHeight;

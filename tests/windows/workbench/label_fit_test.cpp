@@ -20,7 +20,8 @@ HWND Control(HWND parent, const wchar_t* kind, const wchar_t* text, DWORD style,
 }
 
 TEST(LabelFit, TextsTooLongForTheirControlsAreFoundAndFittingOnesAreNot) {
-    HWND page = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 400, 300, nullptr, nullptr, nullptr, nullptr);
+    HWND page =
+        CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 400, 300, nullptr, nullptr, nullptr, nullptr);
     const wchar_t* const kLong = L"Output current of the red channel";
     Control(page, L"STATIC", kLong, SS_LEFT, 400, 16);
     Control(page, L"BUTTON", kLong, BS_AUTOCHECKBOX, 400, 16);
@@ -35,7 +36,8 @@ TEST(LabelFit, TextsTooLongForTheirControlsAreFoundAndFittingOnesAreNot) {
                  reinterpret_cast<LPARAM>(kLong));
     const std::vector<std::string> misfits = PageMisfits(page);
     ASSERT_EQ(misfits.size(), 3u);
-    EXPECT_NE(misfits[0].find("pixels of height to wrap into 90 pixels of width"), std::string::npos) << misfits[0];
+    EXPECT_NE(misfits[0].find("pixels of height to wrap into 90 pixels of width"), std::string::npos)
+        << misfits[0];
     EXPECT_NE(misfits[1].find(" reaches "), std::string::npos) << misfits[1];
     EXPECT_NE(misfits[2].find("item \"Output current"), std::string::npos) << misfits[2];
     DestroyWindow(page);
@@ -46,7 +48,8 @@ class TranslatedLabels : public ::testing::TestWithParam<int> {};
 TEST_P(TranslatedLabels, FitTheirControlsOnEveryPage) {
     const WorkbenchRun run = RunWorkbench(L"--check-labels --language " + std::to_wstring(GetParam()));
     EXPECT_EQ(run.status, 0u) << run.out << run.err;
-    EXPECT_NE(run.out.find(" pages in 1 languages checked: 0 texts do not fit"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find(" pages in 1 languages checked: 0 texts do not fit"), std::string::npos)
+        << run.out;
 }
 
 std::string LanguageName(const ::testing::TestParamInfo<int>& info) {
