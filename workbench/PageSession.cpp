@@ -86,9 +86,11 @@ void PageSession::ShowPage() {
 }
 
 PageSession::Opened PageSession::Open(int chipType, int subType, HWND view, const ChipStore* store,
-                                      bool reset) {
+                                      bool reset, int registerKind) {
     Opened opened;
     SetUpChip(chipType, subType, store, reset, opened);
+    if (registerKind)
+        m_chip->registerKind = registerKind;
     m_page = m_module.CreateRegvaneHwnd(chipType, m_chip.get(), caption.c_str(), view);
     opened.hasPage = m_page != nullptr;
     ShowPage();

@@ -31,8 +31,10 @@ public:
         std::string warning;   // a damaged save file that was set aside
     };
     // Sets up the chip with its start values, then (with a store, unless reset) what was saved for
-    // it, and asks the module for its page as a child of view. The page is shown.
-    Opened Open(int chipType, int subType, HWND view, const ChipStore* store, bool reset);
+    // it, and asks the module for its page as a child of view. The page is shown. A register kind
+    // other than 0 replaces the chip's: the raw editor shows and names other controls for each.
+    Opened Open(int chipType, int subType, HWND view, const ChipStore* store, bool reset,
+                int registerKind = 0);
     // The designer: the page a chip description file renders, on the chip of the page class the file
     // describes (the chip table's first page of that class, with what the store saved for it), or on
     // a blank chip for a class the table does not list. Opening a description of the same class again
