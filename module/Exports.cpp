@@ -35,7 +35,8 @@ bool OnHostThread() {
 
 // No C++ exception may reach the host, which may not even be written in C++: a failure inside an
 // entry point gives the documented "nothing" instead.
-template <typename Result, typename Body> Result Guarded(Result nothing, Body body) {
+template <typename Result, typename Body>
+Result Guarded(Result nothing, Body body) {
     if (!OnHostThread())
         return nothing;
     try {
@@ -94,8 +95,8 @@ extern "C" const char* RegvaneDialogClassName(HWND window) {
 
 namespace {
 
-// "file:line: reason" or "file:line:column: reason" a problem, as compilers say it, for a chip
-// engineer's tools: every problem on a line of its own.
+// Every problem on a line of its own, "file:line: reason" or "file:line:column: reason" as compilers
+// say it, for a chip engineer's tools.
 void TellProblem(const DescriptionLookup& lookup, wchar_t* problem, int problemChars) {
     if (!problem || problemChars <= 0)
         return;
