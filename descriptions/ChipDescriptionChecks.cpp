@@ -251,7 +251,7 @@ bool Parser::CheckPageKeys() {
     if (std::count_if(m_drafts.begin(), m_drafts.end(), hasCurrent) > 1)
         Fail(std::find_if(m_drafts.rbegin(), m_drafts.rend(), hasCurrent)->LineOf("current"),
              ErrorCode::DuplicateKey, "current");
-    if (page.defaultId && !page.defaultButton)
+    if (page.defaultId && !page.defaultButton && !PageKeyRefused("buttons"))
         Fail(m_page.LineOf("default-id"), ErrorCode::MissingKey, "buttons");
     return true;
 }
@@ -331,7 +331,7 @@ bool Parser::CheckRefreshReads() {
 // record a field writes.
 void Parser::CompleteChangeTest() {
     std::vector<Source>& changeTest = m_description.page.changeTest;
-    if (!m_page.keyLines.count("change-test"))
+    if (!m_page.keyLines.count("change-test") || PageKeyRefused("change-test"))
         for (const Source source : m_description.RecordsInUse())
             if (std::find(changeTest.begin(), changeTest.end(), source) == changeTest.end())
                 changeTest.push_back(source);

@@ -101,8 +101,9 @@ ParseResult Parser::Run(std::string_view text) {
 // grid, a button, a rule, a register text or table) with a problem in its lines or in its own checks
 // is neither finished further nor checked against the others. Another element may name it without
 // an unknown name being reported, and the checks that need every field sound (a Default button's
-// defaults, the records the page reads) wait until they are. A [page] with a problem stops every
-// check after the reading: each field's place depends on its colours and stride.
+// defaults, the records the page reads) wait until they are. A [page] line with a problem is taken as
+// absent, its key at its default and the page's checks of it skipped; one of a key that fields are
+// placed or checked by (DescriptionPageKeys.cpp) stops every check after the reading.
 void Parser::Finish() {
     if (m_page.broken || !CheckSections() || !ResolveCopies())
         return;
@@ -179,7 +180,9 @@ bool Parser::ReadText(std::string_view text) {
             Fail(number, ErrorCode::LineTooLong, std::to_string(line.size()));
         else
             Line(number, line);
-        if (bool* broken = BrokenOfSection(); broken && m_problems.count > before)
+        if (m_problems.count > before && m_section == Section::Page)
+            RefusePageLine(line);
+        else if (bool* broken = BrokenOfSection(); broken && m_problems.count > before)
             *broken = true;
     }
     m_lastLine = std::max(1, number);
@@ -281,7 +284,7 @@ bool Parser::KeyLine(int number, int column, Section section, std::string_view k
     const Key* found = FindKey(section, key);
     if (!found)
         return Fail(number, ErrorCode::UnknownKey, key, ColumnIn(m_line, key));
-    return found->read(keyValue);
+    return section == Section::Page ? ReadPageKey(*found, keyValue) : found->read(keyValue);
 }
 
 } // namespace detail

@@ -7,6 +7,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -145,6 +146,9 @@ struct KeyValue {
     bool Id(std::string_view word, int& out);
 };
 
+// A [page] key's value, or none of it when refused (DescriptionPageKeys.cpp).
+bool ReadPageKey(const Key& key, KeyValue& value);
+
 // A button's action and its function's argument (DescriptionButtons.cpp).
 bool ReadAction(KeyValue& value);
 bool ReadArgument(KeyValue& value);
@@ -162,6 +166,9 @@ private:
     // The second reading: each element finished and checked on its own (ChipDescriptionParser.cpp).
     void Finish();
     bool* BrokenOfSection(); // of the section being read
+    // A [page] line with a problem: its key taken as absent (DescriptionPageKeys.cpp).
+    void RefusePageLine(std::string_view line);
+    bool PageKeyRefused(std::string_view key) const { return m_refusedPageKeys.count(key) != 0; }
     bool AnyFieldBroken() const;
 
     // Reading the lines (ChipDescriptionParser.cpp).
@@ -228,6 +235,7 @@ private:
     std::optional<Section> m_section; // none after a header that was refused: its lines are skipped
     bool m_havePage = false;
     PageDraft m_page;
+    std::set<std::string, std::less<>> m_refusedPageKeys;
     std::vector<FieldDraft> m_drafts;
     std::vector<ButtonDraft> m_buttons;
     std::vector<GridDraft> m_grids;

@@ -8,6 +8,8 @@ namespace chipdesc::detail {
 // A label per colour; three colours have theirs by default.
 bool Parser::CheckColours() {
     const Page& page = m_description.page;
+    if (PageKeyRefused("colour-labels"))
+        return true;
     if (m_page.keyLines.count("colour-labels")) {
         if (static_cast<int>(page.colourLabels.size()) != page.colourCount)
             return Fail(m_page.LineOf("colour-labels"), ErrorCode::BadValue,

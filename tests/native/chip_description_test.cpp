@@ -160,8 +160,11 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
 // (a name of a refused field, a column of a refused grid, the keys of a refused section) is not. A
 // rule names a field the page has, of one value, and gives its message.
 TEST(ChipDescription, EveryProblemIsToldAtItsLineAndNothingThatOnlyFollowsFromOne) {
-    // The good page's 16 lines, then a field refused, and what other sections do with that.
-    const ParseError error = ErrorOf(std::string(kGoodPage) + R"([field tint]
+    // The good page's 16 lines, a misspelt key that places no field for its blank line, then a field
+    // refused, and what other sections do with that.
+    std::string page = kGoodPage;
+    page.replace(page.find("\n\n"), 2, "\nbuttonz = ok-cancel\n");
+    const ParseError error = ErrorOf(page + R"([field tint]
 label = IDS_Tint
 control = knob
 colour = linked
@@ -214,10 +217,11 @@ check = speed < 3
     for (const Problem& more : error.more)
         told.emplace_back(more.line, more.column, more.code);
     const std::vector<std::tuple<int, int, ErrorCode>> expected{
-        {19, 11, ErrorCode::BadValue},   {20, 1, ErrorCode::UnknownKey},     {21, 0, ErrorCode::Syntax},
-        {30, 0, ErrorCode::Overlap},     {34, 0, ErrorCode::UnknownSection}, {35, 0, ErrorCode::MissingKey},
-        {44, 10, ErrorCode::BadValue},   {52, 0, ErrorCode::DuplicateName},  {55, 0, ErrorCode::BadValue},
-        {58, 16, ErrorCode::BadFormula}, {61, 0, ErrorCode::UnknownField},   {63, 0, ErrorCode::MissingKey}};
+        {4, 1, ErrorCode::UnknownKey},  {19, 11, ErrorCode::BadValue},   {20, 1, ErrorCode::UnknownKey},
+        {21, 0, ErrorCode::Syntax},     {30, 0, ErrorCode::Overlap},     {34, 0, ErrorCode::UnknownSection},
+        {35, 0, ErrorCode::MissingKey}, {44, 10, ErrorCode::BadValue},   {52, 0, ErrorCode::DuplicateName},
+        {55, 0, ErrorCode::BadValue},   {58, 16, ErrorCode::BadFormula}, {61, 0, ErrorCode::UnknownField},
+        {63, 0, ErrorCode::MissingKey}};
     EXPECT_EQ(told, expected);
     // A file of nothing but faults gives a list of a bounded length.
     std::string prose;
