@@ -58,6 +58,9 @@ TEST(RegisterGrid, ABadGridIsRefusedAtItsLine) {
         EXPECT_EQ(std::get<ParseError>(parsed).line, line) << text;
         EXPECT_EQ(std::get<ParseError>(parsed).code, code) << text;
     }
+    // Cells are named by column and row: row 0 of a column in bit 4 lies under row 1 of t.
+    const std::string u = "[field u]\ngrid = g\nlabel = \"U\"\nbits = 0[4]\ncontrol = hex\n";
+    EXPECT_EQ(std::get<ParseError>(Parse(kPage + kGrid + u, {})).detail, "u.0");
 }
 
 } // namespace
