@@ -287,19 +287,28 @@ HWND OpenGridFrame(HWND host, GridFrame kind) {
     SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
     if (kind == GridFrame::Bare)
         return frame;
+    std::vector<CVirtualList::Column> columns{{L"Register", 56}};
+    for (int column = 0; column < kGridColumns; ++column)
+        columns.push_back({std::to_wstring(column), 32});
+    if (kind == GridFrame::Drawn) {
+        // The list view draws the cells itself, the frame answering for their texts.
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            LVCOLUMNW column{};
+            column.mask = LVCF_TEXT | LVCF_WIDTH;
+            column.cx = columns[i].minimumWidth;
+            column.pszText = columns[i].title.data();
+            SendMessageW(list, LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
+        }
+        SendMessageW(list, LVM_SETITEMCOUNT, kGridRows, 0);
+        return frame;
+    }
     auto* grid = new CVirtualGrid(GridCellText, [](int, int, const std::wstring&) {
         return CVirtualGrid::Verdict{true, {}};
     });
     grid->Attach(list, 1);
-    std::vector<CVirtualList::Column> columns{{L"Register", 56}};
-    for (int column = 0; column < kGridColumns; ++column)
-        columns.push_back({std::to_wstring(column), 32});
     grid->List().AddColumns(columns);
     grid->List().SetRowCount(kGridRows);
-    if (kind == GridFrame::Drawn)
-        delete grid; // its columns and rows stay; the frame answers for the cells
-    else
-        SetWindowLongPtrW(frame, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(grid));
+    SetWindowLongPtrW(frame, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(grid));
     return frame;
 }
 

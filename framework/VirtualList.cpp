@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <string_view>
 
-void CVirtualList::AddColumns(const std::vector<Column>& columns) const {
+void CVirtualList::AddColumns(const std::vector<Column>& columns) {
     // Each column would lay the list and its header out again.
     SendMessage(WM_SETREDRAW, FALSE);
     for (const Column& column : columns)
         AddColumn(column);
     SendMessage(WM_SETREDRAW, TRUE);
+    if (IsWindowVisible())
+        DrawStrip();
 }
 
 void CVirtualList::AddColumn(const Column& added) const {
