@@ -47,7 +47,8 @@ void CVirtualGrid::Attach(HWND list, int fixedColumns) {
     m_row = 0;
     m_column = m_fixedColumns;
     // The edit lies over the cells: the list's own drawing must leave it alone.
-    ::SetWindowLongPtrW(list, GWL_STYLE, ::GetWindowLongPtrW(list, GWL_STYLE) | WS_CLIPCHILDREN);
+    if (const LONG_PTR style = ::GetWindowLongPtrW(list, GWL_STYLE); !(style & WS_CLIPCHILDREN))
+        ::SetWindowLongPtrW(list, GWL_STYLE, style | WS_CLIPCHILDREN);
     ::SetWindowSubclass(list, ListProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
     m_list.SetHighlight([this](int row, int column) { return row == m_row && column == m_column && !m_edit; });
 }

@@ -6,22 +6,26 @@
 void CVirtualList::AddColumns(const std::vector<Column>& columns) {
     // Each column would lay the list and its header out again.
     SendMessage(WM_SETREDRAW, FALSE);
-    for (const Column& column : columns)
-        AddColumn(column);
+    // Every title measured on one device context: the list view would take one per title.
+    HWND header = ListView_GetHeader(m_hWnd);
+    const int margins = header ? 2 * Header_GetBitmapMargin(header) : 0;
+    HDC dc = ::GetDC(m_hWnd);
+    const HGDIOBJ oldFont = ::SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessage(WM_GETFONT)));
+    for (const Column& added : columns) {
+        SIZE title{};
+        ::GetTextExtentPoint32W(dc, added.title.c_str(), static_cast<int>(added.title.size()), &title);
+        LVCOLUMNW column{};
+        column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
+        column.fmt = LVCFMT_LEFT;
+        column.cx = std::max(added.minimumWidth, static_cast<int>(title.cx) + margins);
+        column.pszText = const_cast<wchar_t*>(added.title.c_str());
+        SendMessage(LVM_INSERTCOLUMNW, static_cast<WPARAM>(ColumnCount()), reinterpret_cast<LPARAM>(&column));
+    }
+    ::SelectObject(dc, oldFont);
+    ::ReleaseDC(m_hWnd, dc);
     SendMessage(WM_SETREDRAW, TRUE);
     if (IsWindowVisible())
         DrawStrip();
-}
-
-void CVirtualList::AddColumn(const Column& added) const {
-    HWND header = ListView_GetHeader(m_hWnd);
-    const int margins = header ? 2 * Header_GetBitmapMargin(header) : 0;
-    LVCOLUMNW column{};
-    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
-    column.fmt = LVCFMT_LEFT;
-    column.cx = std::max(added.minimumWidth, ListView_GetStringWidth(m_hWnd, added.title.c_str()) + margins);
-    column.pszText = const_cast<wchar_t*>(added.title.c_str());
-    SendMessage(LVM_INSERTCOLUMNW, static_cast<WPARAM>(ColumnCount()), reinterpret_cast<LPARAM>(&column));
 }
 
 int CVirtualList::ColumnCount() const {
@@ -34,14 +38,13 @@ void CVirtualList::SetRowCount(int rows) const {
     if (rows == RowCount())
         return;
     SendMessage(LVM_SETITEMCOUNT, static_cast<WPARAM>(std::max(rows, 0)), LVSICF_NOSCROLL);
-    if (!IsWindowVisible())
-        SettleLayout();
+    SettleLayout();
 }
 
 void CVirtualList::SettleLayout() const {
-    // Wine's list measures its rows and adds its scroll bar at its first paint: on a shown page
-    // that lays the list and its header out again and paints them twice. A paint into an empty
-    // clip does the measuring now, while nothing shows; elsewhere it draws nothing.
+    // Wine's list measures its rows and adds its scroll bar at its own first paint, which this list
+    // never asks for (it draws its rows itself). A paint into an empty clip does the measuring;
+    // elsewhere it draws nothing.
     HDC dc = ::CreateCompatibleDC(nullptr);
     if (!dc)
         return;

@@ -54,7 +54,6 @@ public:
     const std::wstring& Text(int row, int column);
 
 private:
-    void AddColumn(const Column& column) const;
     void SettleLayout() const;
     int FindRow(const NMLVFINDITEMW& find);
 

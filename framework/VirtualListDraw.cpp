@@ -43,7 +43,9 @@ void CVirtualList::Attach(HWND list) {
     CWnd::Attach(list);
     if (!list)
         return;
-    ::SetWindowLongPtrW(list, GWL_STYLE, ::GetWindowLongPtrW(list, GWL_STYLE) | LVS_NOCOLUMNHEADER);
+    // A list made without its header saves the list view laying itself out again.
+    if (const LONG_PTR style = ::GetWindowLongPtrW(list, GWL_STYLE); !(style & LVS_NOCOLUMNHEADER))
+        ::SetWindowLongPtrW(list, GWL_STYLE, style | LVS_NOCOLUMNHEADER);
     ::SetWindowSubclass(list, DrawProc, kDrawSubclass, reinterpret_cast<DWORD_PTR>(this));
     FitStrip();
 }
