@@ -38,13 +38,14 @@ void CVirtualList::SetRowCount(int rows) const {
     if (rows == RowCount())
         return;
     SendMessage(LVM_SETITEMCOUNT, static_cast<WPARAM>(std::max(rows, 0)), LVSICF_NOSCROLL);
-    SettleLayout();
+    if (!IsWindowVisible())
+        SettleLayout();
 }
 
 void CVirtualList::SettleLayout() const {
-    // Wine's list measures its rows and adds its scroll bar at its own first paint, which this list
-    // never asks for (it draws its rows itself). A paint into an empty clip does the measuring;
-    // elsewhere it draws nothing.
+    // Wine's list made hidden measures its rows and adds its scroll bar only at its own first paint,
+    // which this list never asks for (it draws its rows itself). A paint into an empty clip does the
+    // measuring; elsewhere it draws nothing.
     HDC dc = ::CreateCompatibleDC(nullptr);
     if (!dc)
         return;
