@@ -309,11 +309,18 @@ enum class ErrorCode : std::uint8_t {
 };
 inline constexpr std::size_t kErrorCodeCount = 26;
 
-struct ParseError {
+struct Problem {
     int line = 0;
     ErrorCode code = ErrorCode::Syntax;
     std::string detail; // the offending word, key or value
+    int column = 0;     // from 1; 0 for a problem of a whole line, section or file
 };
+// Why a description cannot be used: its first problem, and the others in the order of their lines
+// (at most kMaxProblems in all).
+struct ParseError : Problem {
+    std::vector<Problem> more;
+};
+inline constexpr std::size_t kMaxProblems = 50;
 // The string id of a reason's text, in which "{detail}" stands for the error's detail.
 std::string_view ReasonStringId(ErrorCode code);
 

@@ -18,11 +18,16 @@ std::array<std::pair<const char*, const std::vector<int>*>, 3> CurrentIdLists(co
 
 } // namespace
 
+// False when there is nothing to check: no page or no field (not said again when a refused header
+// may have been one).
 bool Parser::CheckSections() {
-    if (!m_havePage || m_drafts.empty())
-        return Fail(m_lastLine, ErrorCode::NoFields, "");
+    if (!m_havePage || m_drafts.empty()) {
+        if (m_problems.count == 0)
+            Fail(m_lastLine, ErrorCode::NoFields, "");
+        return false;
+    }
     if (m_description.page.className.empty())
-        return Fail(m_page.line, ErrorCode::MissingKey, "class");
+        Fail(m_page.line, ErrorCode::MissingKey, "class");
     return true;
 }
 
@@ -218,16 +223,19 @@ bool Parser::CheckReadOnly(FieldDraft& draft) {
 bool Parser::ConnectFields() {
     for (std::size_t i = 0; i < m_drafts.size(); ++i) {
         FieldDraft& draft = m_drafts[i];
+        if (draft.broken)
+            continue;
         if (!draft.showIfName.empty()) {
             const auto found = std::find_if(m_drafts.begin(), m_drafts.end(), [&](const FieldDraft& d) {
                 return d.field.name == draft.showIfName;
             });
             if (found == m_drafts.end() || found == m_drafts.begin() + static_cast<std::ptrdiff_t>(i))
-                return Fail(draft.LineOf("show-if"), ErrorCode::UnknownField, draft.showIfName);
-            draft.field.showIf = static_cast<int>(found - m_drafts.begin());
+                draft.broken = !Fail(draft.LineOf("show-if"), ErrorCode::UnknownField, draft.showIfName);
+            else
+                draft.field.showIf = static_cast<int>(found - m_drafts.begin());
         }
         if (draft.field.colours == Colours::Linked && m_description.page.link.text.empty())
-            return Fail(draft.LineOf("colours"), ErrorCode::MissingKey, "link");
+            draft.broken = !Fail(draft.LineOf("colours"), ErrorCode::MissingKey, "link");
     }
     return true;
 }
@@ -235,28 +243,30 @@ bool Parser::ConnectFields() {
 // A Default button needs a field's default, its id the button; one current read-out a page.
 bool Parser::CheckPageKeys() {
     const Page& page = m_description.page;
-    if (page.defaultButton && std::none_of(m_drafts.begin(), m_drafts.end(),
-                                           [](const FieldDraft& d) { return d.field.defaultValue; }))
-        return Fail(m_page.LineOf("buttons"), ErrorCode::MissingKey, "default");
+    if (page.defaultButton && !AnyFieldBroken() &&
+        std::none_of(m_drafts.begin(), m_drafts.end(),
+                     [](const FieldDraft& d) { return d.field.defaultValue; }))
+        Fail(m_page.LineOf("buttons"), ErrorCode::MissingKey, "default");
     const auto hasCurrent = [](const FieldDraft& d) { return d.Has("current"); };
     if (std::count_if(m_drafts.begin(), m_drafts.end(), hasCurrent) > 1)
-        return Fail(std::find_if(m_drafts.rbegin(), m_drafts.rend(), hasCurrent)->LineOf("current"),
-                    ErrorCode::DuplicateKey, "current");
+        Fail(std::find_if(m_drafts.rbegin(), m_drafts.rend(), hasCurrent)->LineOf("current"),
+             ErrorCode::DuplicateKey, "current");
     if (page.defaultId && !page.defaultButton)
-        return Fail(m_page.LineOf("default-id"), ErrorCode::MissingKey, "buttons");
+        Fail(m_page.LineOf("default-id"), ErrorCode::MissingKey, "buttons");
     return true;
 }
 
+// Each field overlapping one before it is told once, with the first it overlaps.
 bool Parser::CheckOverlaps() {
     // Per record, which field owns each bit (index + 1).
     std::array<std::vector<int>, kSourceCount> owners;
-    for (std::size_t i = 0; i < m_drafts.size(); ++i) {
+    const auto claimBits = [&](std::size_t i) {
         const Field& field = m_drafts[i].field;
         std::vector<int>& bits = owners[static_cast<std::size_t>(field.source)];
         bits.resize(SourceBytes(field.source) * 8, 0);
-        for (const Position& position : field.positions) {
-            for (const BitRun& run : position.runs) {
-                for (const BitCopy& copy : run.copies) {
+        for (const Position& position : field.positions)
+            for (const BitRun& run : position.runs)
+                for (const BitCopy& copy : run.copies)
                     for (int bit = copy.lsb; bit < copy.lsb + run.width; ++bit) {
                         int& owner = bits[copy.byte * 8u + static_cast<unsigned>(bit)];
                         if (owner != 0)
@@ -264,10 +274,11 @@ bool Parser::CheckOverlaps() {
                                         m_drafts[static_cast<std::size_t>(owner - 1)].field.name);
                         owner = static_cast<int>(i) + 1;
                     }
-                }
-            }
-        }
-    }
+        return true;
+    };
+    for (std::size_t i = 0; i < m_drafts.size(); ++i)
+        if (!m_drafts[i].broken && !claimBits(i))
+            m_drafts[i].broken = true;
     return true;
 }
 
@@ -281,34 +292,34 @@ bool Parser::CheckIds() {
         seen.push_back(id);
         return true;
     };
-    if (!claim(m_description.page.linkId, m_page.LineOf("link-id")) ||
-        !claim(m_description.page.defaultId, m_page.LineOf("default-id")) || !ClaimSectionIds(claim))
-        return false;
+    // Every id given twice is told, at each line that gives it again.
+    claim(m_description.page.linkId, m_page.LineOf("link-id"));
+    claim(m_description.page.defaultId, m_page.LineOf("default-id"));
+    ClaimSectionIds(claim);
     for (const FieldDraft& draft : m_drafts) {
-        if (!claim(draft.field.labelId, draft.LineOf("label-id")))
-            return false;
+        if (draft.broken)
+            continue;
+        claim(draft.field.labelId, draft.LineOf("label-id"));
         for (const int id : draft.field.ids)
-            if (!claim(id, draft.LineOf("ids")))
-                return false;
+            claim(id, draft.LineOf("ids"));
         for (const int id : draft.field.readoutIds)
-            if (!claim(id, draft.LineOf("readout-ids")))
-                return false;
-        if (!claim(draft.field.currentSwitchId, draft.LineOf("current-switch-id")))
-            return false;
+            claim(id, draft.LineOf("readout-ids"));
+        claim(draft.field.currentSwitchId, draft.LineOf("current-switch-id"));
         for (const auto& [key, ids] : CurrentIdLists(draft.field))
             for (const int id : *ids)
-                if (!claim(id, draft.LineOf(key)))
-                    return false;
+                claim(id, draft.LineOf(key));
     }
     for (const ButtonDraft& draft : m_buttons)
-        if (!claim(draft.button.id, draft.LineOf("id")))
-            return false;
+        if (!draft.broken)
+            claim(draft.button.id, draft.LineOf("id"));
     return true;
 }
 
 // A fill from the chip must read every record a field shows.
 bool Parser::CheckRefreshReads() {
     const std::vector<Source>& reads = m_description.page.refreshReads;
+    if (AnyFieldBroken())
+        return true;
     for (const Source source : m_description.RecordsInUse())
         if (!reads.empty() && std::find(reads.begin(), reads.end(), source) == reads.end())
             return Fail(m_page.LineOf("refresh-reads"), ErrorCode::MissingKey,

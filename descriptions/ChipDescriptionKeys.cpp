@@ -201,10 +201,23 @@ bool ParsePosition(std::string_view text, Position& position) {
     return true;
 }
 
-bool Refuse(std::optional<ParseError>& error, int line, ErrorCode code, std::string_view detail) {
-    if (!error)
-        error = ParseError{line, code, std::string(detail)};
+int ColumnIn(std::string_view line, std::string_view word) {
+    const std::less<const char*> before;
+    if (before(word.data(), line.data()) || before(line.data() + line.size(), word.data() + word.size()))
+        return 0;
+    return static_cast<int>(word.data() - line.data()) + 1;
+}
+
+bool Refuse(Problems& problems, int line, ErrorCode code, std::string_view detail, int column) {
+    if (problems.list.size() < kMaxProblems)
+        problems.list.push_back({line, code, std::string(detail), column});
+    ++problems.count;
     return false;
+}
+
+bool KeyValue::Fail(std::string_view detail, ErrorCode code) {
+    const int at = ColumnIn(value, detail);
+    return Refuse(problems, line, code, detail, at ? column + at - 1 : column);
 }
 
 bool KeyValue::StringId(std::string_view word, std::string& out) {

@@ -83,24 +83,72 @@ std::optional<std::string_view> NamedHeader(std::string_view header, std::string
 } // namespace
 
 ParseResult Parser::Run(std::string_view text) {
-    if (!ReadText(text) || !CheckSections() || !ResolveCopies() || !CheckColours())
-        return *m_error;
-    if (!AssignGridColumns())
-        return *m_error;
+    if (ReadText(text))
+        Finish();
+    std::vector<Problem>& list = m_problems.list;
+    if (list.empty())
+        return std::move(m_description);
+    // The checks of the whole find theirs after every line is read.
+    std::stable_sort(list.begin(), list.end(), [](const Problem& a, const Problem& b) {
+        return std::pair{a.line, a.column} < std::pair{b.line, b.column};
+    });
+    ParseError error{list.front(), {}};
+    error.more.assign(list.begin() + 1, list.end());
+    return error;
+}
+
+// Every problem is told once, and nothing that only follows from it: an element (the page, a field, a
+// grid, a button, a rule, a register text or table) with a problem in its lines or in its own checks
+// is neither finished further nor checked against the others. Another element may name it without
+// an unknown name being reported, and the checks that need every field sound (a Default button's
+// defaults, the records the page reads) wait until they are. A [page] with a problem stops every
+// check after the reading: each field's place depends on its colours and stride.
+void Parser::Finish() {
+    if (m_page.broken || !CheckSections() || !ResolveCopies())
+        return;
+    CheckColours();
+    AssignGridColumns();
     for (FieldDraft& draft : m_drafts)
-        if (!FinishField(draft))
-            return *m_error;
-    if (!ExpandGrids() || !ConnectFields() || !ConnectFormulas() || !CheckPageKeys() || !CheckOverlaps() ||
-        !CheckIds())
-        return *m_error;
+        draft.broken = draft.broken || !FinishField(draft);
+    ExpandGrids();
+    ConnectFields();
+    ConnectFormulas();
+    CheckPageKeys();
+    CheckOverlaps();
+    CheckIds();
     for (FieldDraft& draft : m_drafts)
         m_description.fields.push_back(std::move(draft.field));
-    if (!CheckRefreshReads() || !FinishButtons() || !FinishRules())
-        return *m_error;
+    CheckRefreshReads();
+    FinishButtons();
+    FinishRules();
     CompleteChangeTest();
-    if (!FinishSectionsOfVersion2())
-        return *m_error;
-    return std::move(m_description);
+    FinishSectionsOfVersion2();
+}
+
+bool* Parser::BrokenOfSection() {
+    if (!m_section)
+        return nullptr;
+    switch (*m_section) {
+    case Section::Page:
+        return &m_page.broken;
+    case Section::Field:
+        return &m_drafts.back().broken;
+    case Section::Button:
+        return &m_buttons.back().broken;
+    case Section::Grid:
+        return &m_grids.back().broken;
+    case Section::Rule:
+        return &m_rules.back().broken;
+    case Section::RegisterText:
+        return &m_textDraft.broken;
+    case Section::Table:
+        return &m_tableDrafts.back().broken;
+    }
+    return nullptr;
+}
+
+bool Parser::AnyFieldBroken() const {
+    return std::any_of(m_drafts.begin(), m_drafts.end(), [](const FieldDraft& d) { return d.broken; });
 }
 
 bool Parser::ReadText(std::string_view text) {
@@ -122,18 +170,20 @@ bool Parser::ReadText(std::string_view text) {
         // A newer file is refused for that alone, wherever it says so: its newer keys and values
         // would otherwise read as mistakes.
         if (const auto version = StatedVersion(line); version && *version > kFormatVersion) {
-            m_error = ParseError{number, ErrorCode::NewerFormat, std::to_string(*version)};
-            return false;
+            m_problems = {};
+            return Fail(number, ErrorCode::NewerFormat, std::to_string(*version));
         }
-        if (m_error)
-            continue;
+        // A line with a problem is skipped, and what its section says is not checked any further.
+        const int before = m_problems.count;
         if (line.size() > kMaxLineChars)
             Fail(number, ErrorCode::LineTooLong, std::to_string(line.size()));
         else
             Line(number, line);
+        if (bool* broken = BrokenOfSection(); broken && m_problems.count > before)
+            *broken = true;
     }
     m_lastLine = std::max(1, number);
-    return !m_error;
+    return true;
 }
 
 bool Parser::Line(int number, std::string_view line) {
@@ -145,21 +195,29 @@ bool Parser::Line(int number, std::string_view line) {
     if (line.empty())
         return true;
     if (line.front() == '[') {
+        // The lines of a section whose header is refused are skipped: read into no section or into
+        // the one before, they would only give problems of their own.
+        m_section.reset();
+        m_skipping = true;
         if (line.back() != ']')
             return Fail(number, ErrorCode::Syntax, line);
-        return Header(number, Trim(line.substr(1, line.size() - 2)));
+        m_skipping = !Header(number, Trim(line.substr(1, line.size() - 2)));
+        return !m_skipping;
     }
+    if (m_skipping)
+        return true;
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos)
         return Fail(number, ErrorCode::Syntax, line);
     const std::string_view key = Trim(line.substr(0, equals));
     const std::string_view value = Trim(line.substr(equals + 1));
+    const int keyColumn = ColumnIn(m_line, key);
     if (!IsName(key))
-        return Fail(number, ErrorCode::Syntax, line);
+        return Fail(number, ErrorCode::Syntax, line, keyColumn);
     if (value.empty())
-        return Fail(number, ErrorCode::BadValue, key);
+        return Fail(number, ErrorCode::BadValue, key, keyColumn);
     if (!m_section)
-        return Fail(number, ErrorCode::Syntax, line);
+        return Fail(number, ErrorCode::Syntax, line, keyColumn);
     auto& keyLines = *m_section == Section::Page     ? m_page.keyLines
                      : *m_section == Section::Field  ? m_drafts.back().keyLines
                      : *m_section == Section::Button ? m_buttons.back().keyLines
@@ -167,7 +225,7 @@ bool Parser::Line(int number, std::string_view line) {
                      : *m_section == Section::Rule   ? m_rules.back().keyLines
                                                      : SectionKeyLines();
     if (keyLines.count(key))
-        return Fail(number, ErrorCode::DuplicateKey, key);
+        return Fail(number, ErrorCode::DuplicateKey, key, keyColumn);
     keyLines.emplace(std::string(key), number);
     FieldDraft* draft = *m_section == Section::Field ? &m_drafts.back() : nullptr;
     const int column = static_cast<int>(value.data() - m_line.data()) + 1;
@@ -211,7 +269,7 @@ bool Parser::Header(int number, std::string_view name) {
 
 bool Parser::KeyLine(int number, int column, Section section, std::string_view key, std::string_view value,
                      FieldDraft* draft) {
-    KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_error, column};
+    KeyValue keyValue{number, value, {}, m_description.page, draft, m_known, m_problems, column};
     if (section == Section::Button)
         keyValue.button = &m_buttons.back();
     if (section == Section::Grid)
@@ -222,7 +280,7 @@ bool Parser::KeyLine(int number, int column, Section section, std::string_view k
         return Fail(number, ErrorCode::BadValue, value);
     const Key* found = FindKey(section, key);
     if (!found)
-        return Fail(number, ErrorCode::UnknownKey, key);
+        return Fail(number, ErrorCode::UnknownKey, key, ColumnIn(m_line, key));
     return found->read(keyValue);
 }
 

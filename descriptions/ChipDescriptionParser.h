@@ -36,8 +36,16 @@ std::vector<std::string_view> SplitOutsideQuotes(std::string_view text, char sep
 // One colour's bits: runs, most significant first, each "BYTE[MSB:LSB]" or several joined by '='.
 bool ParsePosition(std::string_view text, Position& position);
 
-// Keeps the first refusal; always false.
-bool Refuse(std::optional<ParseError>& error, int line, ErrorCode code, std::string_view detail);
+// Where word lies in line, from 1; 0 when it is not a part of it.
+int ColumnIn(std::string_view line, std::string_view word);
+
+// Every problem found, the first kMaxProblems of them kept; count goes on past them.
+struct Problems {
+    std::vector<Problem> list;
+    int count = 0;
+};
+// Keeps the problem while there is room; always false.
+bool Refuse(Problems& problems, int line, ErrorCode code, std::string_view detail, int column = 0);
 
 // One "key = value" line of a field, kept so that a field like it can read it again.
 struct KeyText {
@@ -61,6 +69,7 @@ struct FieldDraft {
     int offset = 0; // bytes added to every byte the bits name
     int repeatCount = 0;
     int repeatEvery = 0;
+    bool broken = false; // a problem was reported: not checked further, nor against others
 
     int LineOf(std::string_view key) const {
         const auto found = keyLines.find(key);
@@ -72,6 +81,7 @@ struct FieldDraft {
 struct PageDraft {
     int line = 0;
     std::map<std::string, int, std::less<>> keyLines;
+    bool broken = false;
     int LineOf(std::string_view key) const {
         const auto found = keyLines.find(key);
         return found != keyLines.end() ? found->second : line;
@@ -83,6 +93,7 @@ struct ButtonDraft {
     Button button;
     std::map<std::string, int, std::less<>> keyLines;
     std::string fieldName; // of the value handed to a function
+    bool broken = false;
 
     int LineOf(std::string_view key) const {
         const auto found = keyLines.find(key);
@@ -94,6 +105,7 @@ struct ButtonDraft {
 struct GridDraft {
     Grid grid;
     std::map<std::string, int, std::less<>> keyLines;
+    bool broken = false;
     int LineOf(std::string_view key) const {
         const auto found = keyLines.find(key);
         return found != keyLines.end() ? found->second : grid.line;
@@ -104,6 +116,7 @@ struct GridDraft {
 struct RuleDraft {
     std::shared_ptr<Rule> rule;
     std::map<std::string, int, std::less<>> keyLines;
+    bool broken = false;
     int LineOf(std::string_view key) const;
 };
 
@@ -115,15 +128,16 @@ struct KeyValue {
     Page& page;
     FieldDraft* draft; // null in [page]
     const KnownStringId& known;
-    std::optional<ParseError>& error;
-    int column; // of the value in its line, from 1
+    Problems& problems;
+    int column;                    // of the value in its line, from 1
     ButtonDraft* button = nullptr; // in [button NAME]
     GridDraft* grid = nullptr;     // in [grid NAME]
     RuleDraft* rule = nullptr;     // in [rule NAME]
 
-    bool Fail(std::string_view detail, ErrorCode code = ErrorCode::BadValue) {
-        return Refuse(error, line, code, detail);
-    }
+    // At the word of the value that detail is, else at the value.
+    bool Fail(std::string_view detail, ErrorCode code = ErrorCode::BadValue);
+    // A formula's problem at a column of the line, which is also its detail.
+    bool FailAt(int at, ErrorCode code) { return Refuse(problems, line, code, std::to_string(at), at); }
     bool StringId(std::string_view word, std::string& out);
     // A string id, or a "quoted text" shown as written (for drafts: what we ship is translated).
     bool Text(std::string_view word, Item& out);
@@ -142,9 +156,13 @@ public:
     ParseResult Run(std::string_view text);
 
 private:
-    bool Fail(int line, ErrorCode code, std::string_view detail) {
-        return Refuse(m_error, line, code, detail);
+    bool Fail(int line, ErrorCode code, std::string_view detail, int column = 0) {
+        return Refuse(m_problems, line, code, detail, column);
     }
+    // The second reading: each element finished and checked on its own (ChipDescriptionParser.cpp).
+    void Finish();
+    bool* BrokenOfSection(); // of the section being read
+    bool AnyFieldBroken() const;
 
     // Reading the lines (ChipDescriptionParser.cpp).
     bool ReadText(std::string_view text);
@@ -187,11 +205,14 @@ private:
     // then a field per cell in place of each column.
     bool GridHeader(int number, std::string_view name);
     bool AssignGridColumns();
+    bool CheckGrid(const GridDraft& draft);
     bool CheckGridColumn(FieldDraft& draft, const GridDraft& grid);
     bool ExpandGrids();
+    bool ExpandGrid(GridDraft& draft, std::vector<FieldDraft>& cells);
     // The page's rules (DescriptionRules.cpp).
     bool RuleHeader(int number, std::string_view name);
     bool FinishRules();
+    bool FinishRule(RuleDraft& draft);
 
     // The register text and the tables (DescriptionSections.cpp).
     static bool IsSectionOfVersion2(std::string_view name);
@@ -199,11 +220,12 @@ private:
     std::map<std::string, int, std::less<>>& SectionKeyLines();
     bool ClaimSectionIds(const std::function<bool(int id, int line)>& claim) const;
     bool FinishSectionsOfVersion2();
+    bool CheckRegisterText();
 
     const KnownStringId& m_known;
-    std::optional<ParseError> m_error;
+    Problems m_problems;
     Description m_description;
-    std::optional<Section> m_section;
+    std::optional<Section> m_section; // none after a header that was refused: its lines are skipped
     bool m_havePage = false;
     PageDraft m_page;
     std::vector<FieldDraft> m_drafts;
@@ -213,6 +235,7 @@ private:
     PageDraft m_textDraft;
     std::vector<PageDraft> m_tableDrafts;
     std::string_view m_line; // being read
+    bool m_skipping = false; // the lines of a refused section
     int m_lastLine = 1;
 };
 

@@ -88,7 +88,7 @@ bool Parser::ButtonHeader(int number, std::string_view name) {
 bool Parser::FinishButtons() {
     bool usable = true;
     for (ButtonDraft& draft : m_buttons)
-        usable = FinishButton(draft) && usable;
+        usable = !draft.broken && FinishButton(draft) && usable;
     return usable;
 }
 
@@ -105,15 +105,17 @@ bool Parser::FinishButton(ButtonDraft& draft) {
         button.field = m_description.FieldIndex(draft.fieldName);
         if (button.field < 0)
             return Fail(draft.LineOf("argument"), ErrorCode::UnknownField, draft.fieldName);
+        if (m_drafts[static_cast<std::size_t>(button.field)].broken) // told already
+            return false;
         // One value to hand over: a field per colour has three.
         if (fields[static_cast<std::size_t>(button.field)].ControlCount() > 1)
             return Fail(draft.LineOf("argument"), ErrorCode::BadValue, draft.fieldName);
     }
-    if (button.action == Action::Defaults &&
+    if (button.action == Action::Defaults && !AnyFieldBroken() &&
         std::none_of(fields.begin(), fields.end(), [](const Field& f) { return f.defaultValue; }))
         return Fail(actionLine, ErrorCode::MissingKey, "default");
     if ((button.action == Action::Export || button.action == Action::Import) &&
-        !ParamTableKindOf(m_description.page.className))
+        !m_description.page.className.empty() && !ParamTableKindOf(m_description.page.className))
         return Fail(actionLine, ErrorCode::NoParamTable, m_description.page.className);
     m_description.buttons.push_back(button);
     return true;

@@ -283,6 +283,48 @@ std::variant<Expression, Expression::Error> Expression::Parse(std::string_view t
     return ExpressionParser(text).Run();
 }
 
+namespace {
+
+// A binary operator's result; NaN stands for "no value", nullopt for an operator that is not binary.
+template <class T> std::optional<T> Combine(Expression::Op op, T a, T b) {
+    constexpr T kNone = std::numeric_limits<T>::quiet_NaN();
+    const bool none = std::isnan(a) || std::isnan(b);
+    auto truth = [&](bool value) { return none ? kNone : static_cast<T>(value); };
+    switch (op) {
+    case Expression::Op::Add:
+        return a + b;
+    case Expression::Op::Subtract:
+        return a - b;
+    case Expression::Op::Multiply:
+        return a * b;
+    case Expression::Op::Divide:
+        return b == 0 ? kNone : a / b;
+    case Expression::Op::Remainder:
+        return b == 0 ? kNone : std::fmod(a, b);
+    case Expression::Op::Less:
+        return truth(a < b);
+    case Expression::Op::LessEqual:
+        return truth(a <= b);
+    case Expression::Op::Greater:
+        return truth(a > b);
+    case Expression::Op::GreaterEqual:
+        return truth(a >= b);
+    case Expression::Op::Equal:
+        return truth(a == b);
+    case Expression::Op::NotEqual:
+        return truth(a != b);
+    // A side that decides alone settles it, whatever the other.
+    case Expression::Op::And:
+        return (a == 0 || b == 0) ? T(0) : truth(true);
+    case Expression::Op::Or:
+        return ((!std::isnan(a) && a != 0) || (!std::isnan(b) && b != 0)) ? T(1) : truth(false);
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
 // NaN stands for "no value" on the stack.
 template <class T>
 std::optional<T> Expression::Run(std::span<const Step> steps, std::span<const std::int64_t> values) const {
@@ -314,53 +356,10 @@ std::optional<T> Expression::Run(std::span<const Step> steps, std::span<const st
         if (size < 2)
             return std::nullopt;
         const T b = stack[--size];
-        T& a = stack[size - 1];
-        const bool none = std::isnan(a) || std::isnan(b);
-        auto truth = [&](bool value) { return none ? kNone : static_cast<T>(value); };
-        switch (step.op) {
-        case Op::Add:
-            a = a + b;
-            break;
-        case Op::Subtract:
-            a = a - b;
-            break;
-        case Op::Multiply:
-            a = a * b;
-            break;
-        case Op::Divide:
-            a = b == 0 ? kNone : a / b;
-            break;
-        case Op::Remainder:
-            a = b == 0 ? kNone : std::fmod(a, b);
-            break;
-        case Op::Less:
-            a = truth(a < b);
-            break;
-        case Op::LessEqual:
-            a = truth(a <= b);
-            break;
-        case Op::Greater:
-            a = truth(a > b);
-            break;
-        case Op::GreaterEqual:
-            a = truth(a >= b);
-            break;
-        case Op::Equal:
-            a = truth(a == b);
-            break;
-        case Op::NotEqual:
-            a = truth(a != b);
-            break;
-        // A side that decides alone settles it, whatever the other.
-        case Op::And:
-            a = (a == 0 || b == 0) ? T(0) : truth(true);
-            break;
-        case Op::Or:
-            a = ((!std::isnan(a) && a != 0) || (!std::isnan(b) && b != 0)) ? T(1) : truth(false);
-            break;
-        default:
+        const std::optional<T> result = Combine(step.op, stack[size - 1], b);
+        if (!result)
             return std::nullopt;
-        }
+        stack[size - 1] = *result;
     }
     if (size != 1 || !std::isfinite(stack[0]))
         return std::nullopt;

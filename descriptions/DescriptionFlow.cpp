@@ -36,6 +36,49 @@ int ShortestColumns(const std::vector<int>& heights, std::size_t columns) {
     return low;
 }
 
+// The height of the columns the bands fill: the fewest columns (each `pitch` wide) that fit the
+// room's height with `around` pixels above and below them; else as many as fit beside a scroll bar.
+int ColumnHeight(const std::vector<int>& heights, PageArea area, int pitch, int around) {
+    auto columnsIn = [&](int width) {
+        std::size_t columns = 1;
+        while (columns < heights.size() && (width <= 0 || static_cast<int>(columns + 1) * pitch <= width))
+            ++columns;
+        return columns;
+    };
+    const std::size_t most = columnsIn(area.width);
+    std::size_t columns = 1;
+    int height = ShortestColumns(heights, columns);
+    while (around + height > area.height && columns < most)
+        height = ShortestColumns(heights, ++columns);
+    if (around + height > area.height)
+        height = ShortestColumns(heights, columnsIn(area.width - area.scrollBarWidth));
+    return height;
+}
+
+// Each band's place once they fill columns of `height` pixels from `top`: its column, and how far it
+// moves down (or up).
+struct BandPlaces {
+    std::vector<int> column, shift;
+    std::size_t columns = 0;
+    int contentBottom = 0;
+};
+
+BandPlaces PlaceBands(const std::vector<Band>& bands, const std::vector<int>& heights, int top, int height) {
+    const std::vector<std::size_t> starts = ColumnStarts(heights, height);
+    BandPlaces places{std::vector<int>(bands.size()), std::vector<int>(bands.size()), starts.size(), top};
+    for (std::size_t column = 0; column < starts.size(); ++column) {
+        int y = top;
+        const std::size_t end = column + 1 < starts.size() ? starts[column + 1] : bands.size();
+        for (std::size_t i = starts[column]; i < end; ++i) {
+            places.column[i] = static_cast<int>(column);
+            places.shift[i] = y - bands[i].top;
+            y += heights[i];
+        }
+        places.contentBottom = std::max(places.contentBottom, y);
+    }
+    return places;
+}
+
 } // namespace
 
 FlowedPlan FlowIntoColumns(const LayoutPlan& plan, PageArea area) {
@@ -54,39 +97,10 @@ FlowedPlan FlowIntoColumns(const LayoutPlan& plan, PageArea area) {
         margin = std::min(margin, window.rect.left);
     const int columnWidth = plan.width - 2 * margin;
     const int pitch = columnWidth + 2 * margin;
-    auto columnsIn = [&](int width) {
-        std::size_t columns = 1;
-        while (columns < bands.size() && (width <= 0 || static_cast<int>(columns + 1) * pitch <= width))
-            ++columns;
-        return columns;
-    };
-
-    // The fewest columns that fit the room's height; else as many as fit beside a scroll bar.
-    const std::size_t most = columnsIn(area.width);
-    std::size_t columns = 1;
-    int height = ShortestColumns(heights, columns);
-    while (top + height + below > area.height && columns < most)
-        height = ShortestColumns(heights, ++columns);
-    if (top + height + below > area.height) {
-        columns = columnsIn(area.width - area.scrollBarWidth);
-        height = ShortestColumns(heights, columns);
-    }
-
-    // Each band's place: its column, and how far it moves down (or up).
-    const std::vector<std::size_t> starts = ColumnStarts(heights, height);
-    std::vector<int> columnOf(bands.size()), shift(bands.size());
-    int contentBottom = top;
-    for (std::size_t column = 0; column < starts.size(); ++column) {
-        int y = top;
-        const std::size_t end = column + 1 < starts.size() ? starts[column + 1] : bands.size();
-        for (std::size_t i = starts[column]; i < end; ++i) {
-            columnOf[i] = static_cast<int>(column);
-            shift[i] = y - bands[i].top;
-            y += heights[i];
-        }
-        contentBottom = std::max(contentBottom, y);
-    }
-    const int lastColumn = static_cast<int>(starts.size()) - 1;
+    const int height = ColumnHeight(heights, area, pitch, top + below);
+    const BandPlaces places = PlaceBands(bands, heights, top, height);
+    const int lastColumn = static_cast<int>(places.columns) - 1;
+    const int contentBottom = places.contentBottom;
 
     LayoutPlan& out = flowed.plan;
     out.windows.clear();
@@ -109,7 +123,7 @@ FlowedPlan FlowIntoColumns(const LayoutPlan& plan, PageArea area) {
                 static_cast<std::size_t>(std::upper_bound(bands.begin(), bands.end(), window.rect.top,
                                                           [](int y, const Band& b) { return y < b.top; }) -
                                          bands.begin() - 1);
-            add(window, columnOf[band] * pitch, shift[band]);
+            add(window, places.column[band] * pitch, places.shift[band]);
         }
     }
     out.bands.clear();

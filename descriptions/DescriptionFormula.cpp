@@ -106,13 +106,13 @@ bool ReadReadout(KeyValue& v) {
     int bad = 1;
     const std::optional<ReadoutFormat> format = ParseReadoutFormat(quoted.substr(1, quoted.size() - 2), bad);
     if (!format)
-        return v.Fail(std::to_string(v.column + bad), ErrorCode::BadFormula);
+        return v.FailAt(v.column + bad, ErrorCode::BadFormula);
     const std::size_t start = quoted.size();
     auto parsed = Expression::Parse(v.value.substr(start));
     if (const auto* error = std::get_if<Expression::Error>(&parsed))
-        return v.Fail(std::to_string(v.column + static_cast<int>(start) + error->column - 1),
-                      error->kind == Expression::Error::Kind::DivisionByZero ? ErrorCode::DivisionByZero
-                                                                             : ErrorCode::BadFormula);
+        return v.FailAt(v.column + static_cast<int>(start) + error->column - 1,
+                        error->kind == Expression::Error::Kind::DivisionByZero ? ErrorCode::DivisionByZero
+                                                                               : ErrorCode::BadFormula);
     auto formula = std::make_shared<ReadoutFormula>();
     formula->format = *format;
     formula->expression = std::move(std::get<Expression>(parsed));
@@ -126,7 +126,7 @@ bool ReadReadout(KeyValue& v) {
 bool Parser::ConnectFormulas() {
     for (FieldDraft& draft : m_drafts) {
         Field& field = draft.field;
-        if (!field.formula)
+        if (!field.formula || draft.broken)
             continue;
         auto formula = std::make_shared<ReadoutFormula>(*field.formula);
         for (const Expression::Name& name : formula->expression.Names()) {
@@ -136,11 +136,17 @@ bool Parser::ConnectFormulas() {
             }
             const auto found = std::find_if(m_drafts.begin(), m_drafts.end(),
                                             [&](const FieldDraft& d) { return d.field.name == name.name; });
-            if (found == m_drafts.end())
-                return Fail(draft.LineOf("readout"), ErrorCode::UnknownField, name.name);
+            if (found == m_drafts.end()) {
+                draft.broken = !Fail(draft.LineOf("readout"), ErrorCode::UnknownField, name.name);
+                break;
+            }
+            if (found->broken) // told already
+                break;
             const Field& other = found->field;
-            if (other.control == Control::None || other.ControlCount() > field.ControlCount())
-                return Fail(draft.LineOf("readout"), ErrorCode::BadValue, name.name);
+            if (other.control == Control::None || other.ControlCount() > field.ControlCount()) {
+                draft.broken = !Fail(draft.LineOf("readout"), ErrorCode::BadValue, name.name);
+                break;
+            }
             formula->fields.push_back(static_cast<int>(found - m_drafts.begin()));
         }
         field.formula = std::move(formula);

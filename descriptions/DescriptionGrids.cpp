@@ -133,32 +133,36 @@ bool Parser::GridHeader(int number, std::string_view name) {
 
 // Each column takes its grid's record; each grid says how it repeats and how its rows are named.
 bool Parser::AssignGridColumns() {
-    for (GridDraft& draft : m_grids) {
-        const Grid& grid = draft.grid;
-        if (!draft.keyLines.count("rows"))
-            return Fail(grid.line, ErrorCode::MissingKey, "rows");
-        if (!draft.keyLines.count("row-names"))
-            return Fail(grid.line, ErrorCode::MissingKey, "row-names");
-        if (IsHostValue(grid.source))
-            return Fail(draft.LineOf("record"), ErrorCode::BadValue, SourceName(grid.source));
-        const int numbers = grid.rowNames.literal ? NumbersIn(grid.rowNames.text) : 1;
-        if (numbers < 0 || numbers > 2)
-            return Fail(draft.LineOf("row-names"), ErrorCode::BadValue, grid.rowNames.text);
-        if (numbers == 2 && grid.perGroup == 0)
-            return Fail(draft.LineOf("row-names"), ErrorCode::MissingKey, "per");
-        if (grid.byteStep == 0 && grid.bitStep == 0 && grid.rows > 1)
-            return Fail(draft.LineOf("step"), ErrorCode::MissingKey, "step");
-    }
+    for (GridDraft& draft : m_grids)
+        draft.broken = draft.broken || !CheckGrid(draft);
     for (FieldDraft& draft : m_drafts) {
-        if (draft.gridName.empty())
+        if (draft.gridName.empty() || draft.broken)
             continue;
         const auto grid = std::find_if(m_grids.begin(), m_grids.end(),
                                        [&](const GridDraft& g) { return g.grid.name == draft.gridName; });
         if (grid == m_grids.end())
-            return Fail(draft.LineOf("grid"), ErrorCode::BadValue, draft.gridName);
-        if (!CheckGridColumn(draft, *grid))
-            return false;
+            draft.broken = !Fail(draft.LineOf("grid"), ErrorCode::BadValue, draft.gridName);
+        else // the column of a refused grid is refused with it
+            draft.broken = grid->broken || !CheckGridColumn(draft, *grid);
     }
+    return true;
+}
+
+bool Parser::CheckGrid(const GridDraft& draft) {
+    const Grid& grid = draft.grid;
+    if (!draft.keyLines.count("rows"))
+        return Fail(grid.line, ErrorCode::MissingKey, "rows");
+    if (!draft.keyLines.count("row-names"))
+        return Fail(grid.line, ErrorCode::MissingKey, "row-names");
+    if (IsHostValue(grid.source))
+        return Fail(draft.LineOf("record"), ErrorCode::BadValue, SourceName(grid.source));
+    const int numbers = grid.rowNames.literal ? NumbersIn(grid.rowNames.text) : 1;
+    if (numbers < 0 || numbers > 2)
+        return Fail(draft.LineOf("row-names"), ErrorCode::BadValue, grid.rowNames.text);
+    if (numbers == 2 && grid.perGroup == 0)
+        return Fail(draft.LineOf("row-names"), ErrorCode::MissingKey, "per");
+    if (grid.byteStep == 0 && grid.bitStep == 0 && grid.rows > 1)
+        return Fail(draft.LineOf("step"), ErrorCode::MissingKey, "step");
     return true;
 }
 
@@ -170,8 +174,8 @@ bool Parser::CheckGridColumn(FieldDraft& draft, const GridDraft& grid) {
     field.source = grid.grid.source;
     if (field.control != Control::Number && field.control != Control::Hex)
         return Fail(draft.LineOf("control"), ErrorCode::BadValue, "control");
-    for (const char* key : {"colours", "stride", "readout", "current", "on-fill", "show-if", "ids", "label-id",
-                            "group", "host-range", "access", "unit", "step", "repeat"})
+    for (const char* key : {"colours", "stride", "readout", "current", "on-fill", "show-if", "ids",
+                            "label-id", "group", "host-range", "access", "unit", "step", "repeat"})
         if (draft.Has(key))
             return Fail(draft.LineOf(key), ErrorCode::BadValue, key);
     return true;
@@ -182,49 +186,20 @@ bool Parser::CheckGridColumn(FieldDraft& draft, const GridDraft& grid) {
 bool Parser::ExpandGrids() {
     std::vector<FieldDraft> cells;
     for (GridDraft& draft : m_grids) {
-        Grid& grid = draft.grid;
-        std::vector<const FieldDraft*> columns;
-        for (const FieldDraft& field : m_drafts)
-            if (field.gridName == grid.name)
-                columns.push_back(&field);
-        if (columns.empty())
-            return Fail(grid.line, ErrorCode::MissingKey, "grid = " + grid.name);
-        grid.columns = static_cast<int>(columns.size());
-        const std::size_t bytes = SourceBytes(grid.source);
-        // More cells than the record has bits cannot all fit; said before making them.
-        if (static_cast<std::size_t>(grid.rows) * columns.size() > bytes * 8)
-            return Fail(draft.LineOf("rows"), ErrorCode::OutOfRange,
-                        std::to_string(grid.rows) + " x " + std::to_string(columns.size()));
-        for (int row = 0; row < grid.rows; ++row) {
-            const int shift = row * (grid.byteStep * 8 + grid.bitStep);
-            for (const FieldDraft* column : columns) {
-                FieldDraft cell = *column;
-                cell.field.name += "." + std::to_string(row);
-                cell.field.grid = static_cast<int>(&draft - m_grids.data());
-                for (BitRun& run : cell.field.positions[0].runs)
-                    for (BitCopy& copy : run.copies) {
-                        const int bit = copy.byte * 8 + copy.lsb + shift;
-                        copy.byte = static_cast<std::uint16_t>(bit / 8);
-                        copy.lsb = static_cast<std::uint8_t>(bit % 8);
-                        if (copy.byte >= bytes)
-                            return Fail(draft.LineOf("rows"), ErrorCode::OutsideRecord,
-                                        std::to_string(copy.byte) + " (" + cell.field.name + ", " +
-                                            std::string(SourceName(grid.source)) + ", " +
-                                            std::to_string(bytes) + " bytes)");
-                        if (copy.lsb + run.width > 8)
-                            return Fail(draft.LineOf("bit-step"), ErrorCode::BadBits,
-                                        cell.field.name + " " + std::to_string(copy.byte) + "[" +
-                                            std::to_string(copy.lsb + run.width - 1) + ":" +
-                                            std::to_string(copy.lsb) + "]");
-                    }
-                grid.cells.push_back(static_cast<int>(m_drafts.size() + cells.size()));
-                cells.push_back(std::move(cell));
-            }
+        const std::size_t before = cells.size();
+        // A grid with a column refused is refused with it.
+        if (draft.broken ||
+            std::any_of(m_drafts.begin(), m_drafts.end(),
+                        [&](const FieldDraft& d) { return d.gridName == draft.grid.name && d.broken; }) ||
+            !ExpandGrid(draft, cells)) {
+            draft.broken = true;
+            draft.grid.cells.clear();
+            cells.resize(before);
         }
     }
     // The columns leave; their cells come after the other fields, grid by grid, row by row.
-    const auto columnCount = static_cast<int>(
-        std::count_if(m_drafts.begin(), m_drafts.end(), [](const FieldDraft& d) { return !d.gridName.empty(); }));
+    const auto columnCount = static_cast<int>(std::count_if(
+        m_drafts.begin(), m_drafts.end(), [](const FieldDraft& d) { return !d.gridName.empty(); }));
     std::erase_if(m_drafts, [](const FieldDraft& d) { return !d.gridName.empty(); });
     for (GridDraft& draft : m_grids) {
         for (int& cell : draft.grid.cells)
@@ -233,6 +208,52 @@ bool Parser::ExpandGrids() {
     }
     for (FieldDraft& cell : cells)
         m_drafts.push_back(std::move(cell));
+    return true;
+}
+
+bool Parser::ExpandGrid(GridDraft& draft, std::vector<FieldDraft>& cells) {
+    Grid& grid = draft.grid;
+    std::vector<const FieldDraft*> columns;
+    for (const FieldDraft& field : m_drafts)
+        if (field.gridName == grid.name)
+            columns.push_back(&field);
+    if (columns.empty()) { // not told when a refused field may have been one
+        if (!AnyFieldBroken())
+            Fail(grid.line, ErrorCode::MissingKey, "grid = " + grid.name);
+        return false;
+    }
+    grid.columns = static_cast<int>(columns.size());
+    const std::size_t bytes = SourceBytes(grid.source);
+    // More cells than the record has bits cannot all fit; said before making them.
+    if (static_cast<std::size_t>(grid.rows) * columns.size() > bytes * 8)
+        return Fail(draft.LineOf("rows"), ErrorCode::OutOfRange,
+                    std::to_string(grid.rows) + " x " + std::to_string(columns.size()));
+    for (int row = 0; row < grid.rows; ++row) {
+        const int shift = row * (grid.byteStep * 8 + grid.bitStep);
+        for (const FieldDraft* column : columns) {
+            FieldDraft cell = *column;
+            cell.field.name += "." + std::to_string(row);
+            cell.field.grid = static_cast<int>(&draft - m_grids.data());
+            for (BitRun& run : cell.field.positions[0].runs)
+                for (BitCopy& copy : run.copies) {
+                    const int bit = copy.byte * 8 + copy.lsb + shift;
+                    copy.byte = static_cast<std::uint16_t>(bit / 8);
+                    copy.lsb = static_cast<std::uint8_t>(bit % 8);
+                    if (copy.byte >= bytes)
+                        return Fail(draft.LineOf("rows"), ErrorCode::OutsideRecord,
+                                    std::to_string(copy.byte) + " (" + cell.field.name + ", " +
+                                        std::string(SourceName(grid.source)) + ", " + std::to_string(bytes) +
+                                        " bytes)");
+                    if (copy.lsb + run.width > 8)
+                        return Fail(draft.LineOf("bit-step"), ErrorCode::BadBits,
+                                    cell.field.name + " " + std::to_string(copy.byte) + "[" +
+                                        std::to_string(copy.lsb + run.width - 1) + ":" +
+                                        std::to_string(copy.lsb) + "]");
+                }
+            grid.cells.push_back(static_cast<int>(m_drafts.size() + cells.size()));
+            cells.push_back(std::move(cell));
+        }
+    }
     return true;
 }
 

@@ -38,20 +38,27 @@ bool Parser::ResolveCopies() {
     std::vector<bool> onChain(m_drafts.size(), false);
     std::vector<std::pair<std::size_t, std::size_t>> chain; // a copy and its base
     for (std::size_t first = 0; first < m_drafts.size(); ++first) {
+        bool chainBroken = false; // a cycle or a missing base: every copy on the chain is refused
         for (std::size_t at = first; !resolved[at] && !m_drafts[at].likeName.empty();) {
-            const FieldDraft& copy = m_drafts[at];
-            if (onChain[at])
-                return Fail(copy.LineOf("like"), ErrorCode::CopyCycle, copy.field.name);
+            FieldDraft& copy = m_drafts[at];
             const auto base = named.find(copy.likeName);
-            if (base == named.end() || base->second == at)
-                return Fail(copy.LineOf("like"), ErrorCode::UnknownField, copy.likeName);
+            if (onChain[at] || base == named.end() || base->second == at) {
+                if (onChain[at])
+                    Fail(copy.LineOf("like"), ErrorCode::CopyCycle, copy.field.name);
+                else
+                    Fail(copy.LineOf("like"), ErrorCode::UnknownField, copy.likeName);
+                copy.broken = chainBroken = true;
+                break;
+            }
             onChain[at] = true;
             chain.emplace_back(at, base->second);
             at = base->second;
         }
+        // A copy of a refused field is refused with it, not told again.
         for (auto link = chain.rbegin(); link != chain.rend(); ++link) {
-            if (!Inherit(link->first, link->second))
-                return false;
+            FieldDraft& copy = m_drafts[link->first];
+            copy.broken = chainBroken || copy.broken || m_drafts[link->second].broken ||
+                          !Inherit(link->first, link->second);
             resolved[link->first] = true;
         }
         chain.clear();
@@ -83,13 +90,14 @@ bool Parser::Inherit(std::size_t index, std::size_t baseIndex) {
         if (copy.Has("offset"))
             resolved.keyLines["bits"] = copy.LineOf("offset");
     }
+    resolved.broken = copy.broken;
     copy = std::move(resolved);
     return true;
 }
 
 // A repeated field becomes NAME-1 to NAME-COUNT. Consecutive fields of one group repeated as often
 // repeat together: the group's first copy, then its second, each in a box of its own when the title
-// says "{n}".
+// says "{n}". False for more fields than a page can hold: nothing more is checked.
 bool Parser::ExpandRepeats() {
     if (std::none_of(m_drafts.begin(), m_drafts.end(), [](const FieldDraft& d) { return d.repeatCount; }))
         return true;
@@ -109,8 +117,8 @@ bool Parser::ExpandRepeats() {
         }
         for (std::size_t i = first; i < end; ++i)
             for (const std::string_view key : {"ids", "label-id", "readout-ids", "current"})
-                if (m_drafts[i].Has(key))
-                    return Fail(m_drafts[i].LineOf(key), ErrorCode::BadValue, key);
+                if (m_drafts[i].Has(key) && !m_drafts[i].broken)
+                    m_drafts[i].broken = !Fail(m_drafts[i].LineOf(key), ErrorCode::BadValue, key);
         for (int number = 1; number <= head.repeatCount; ++number) {
             const std::string suffix = "-" + std::to_string(number);
             for (std::size_t i = first; i < end; ++i) {
@@ -124,8 +132,10 @@ bool Parser::ExpandRepeats() {
                 // More rows than a page can sensibly hold (and than its automatic ids can number).
                 if (expanded.size() >= kMaxExpandedFields)
                     return Fail(copy.LineOf("repeat"), ErrorCode::BadValue, "repeat");
-                if (!names.insert(copy.field.name).second)
-                    return Fail(copy.LineOf("repeat"), ErrorCode::DuplicateName, copy.field.name);
+                if (!names.insert(copy.field.name).second) {
+                    Fail(copy.LineOf("repeat"), ErrorCode::DuplicateName, copy.field.name);
+                    continue;
+                }
                 // Shown by a field of its own group: by that field's copy of the same number.
                 for (std::size_t j = first; j < end; ++j)
                     if (copy.showIfName == m_drafts[j].field.name)

@@ -41,9 +41,9 @@ int RuleDraft::LineOf(std::string_view key) const {
 bool ReadRuleCheck(KeyValue& v) {
     auto parsed = Expression::Parse(v.value);
     if (const auto* error = std::get_if<Expression::Error>(&parsed))
-        return v.Fail(std::to_string(v.column + error->column - 1),
-                      error->kind == Expression::Error::Kind::DivisionByZero ? ErrorCode::DivisionByZero
-                                                                             : ErrorCode::BadFormula);
+        return v.FailAt(v.column + error->column - 1, error->kind == Expression::Error::Kind::DivisionByZero
+                                                          ? ErrorCode::DivisionByZero
+                                                          : ErrorCode::BadFormula);
     v.rule->rule->check = std::move(std::get<Expression>(parsed));
     return true;
 }
@@ -80,21 +80,27 @@ bool Parser::RuleHeader(int number, std::string_view name) {
 
 // A check names fields of one value that the page shows: the values the operator sets and sees.
 bool Parser::FinishRules() {
-    for (RuleDraft& draft : m_rules) {
-        Rule& rule = *draft.rule;
-        for (const char* key : {"check", "message"})
-            if (!draft.keyLines.count(key))
-                return Fail(rule.line, ErrorCode::MissingKey, key);
-        for (const Expression::Name& name : rule.check.Names()) {
-            const int field = m_description.FieldIndex(name.name);
-            if (field < 0)
-                return Fail(draft.LineOf("check"), ErrorCode::UnknownField, name.name);
-            const Field& named = m_description.fields[static_cast<std::size_t>(field)];
-            if (named.control == Control::None || named.ControlCount() > 1)
-                return Fail(draft.LineOf("check"), ErrorCode::BadValue, name.name);
-            rule.fields.push_back(field);
-        }
-        m_description.rules.push_back(std::move(draft.rule));
+    for (RuleDraft& draft : m_rules)
+        if (!draft.broken && FinishRule(draft))
+            m_description.rules.push_back(std::move(draft.rule));
+    return true;
+}
+
+bool Parser::FinishRule(RuleDraft& draft) {
+    Rule& rule = *draft.rule;
+    for (const char* key : {"check", "message"})
+        if (!draft.keyLines.count(key))
+            return Fail(rule.line, ErrorCode::MissingKey, key);
+    for (const Expression::Name& name : rule.check.Names()) {
+        const int field = m_description.FieldIndex(name.name);
+        if (field < 0)
+            return Fail(draft.LineOf("check"), ErrorCode::UnknownField, name.name);
+        if (m_drafts[static_cast<std::size_t>(field)].broken) // told already
+            return false;
+        const Field& named = m_description.fields[static_cast<std::size_t>(field)];
+        if (named.control == Control::None || named.ControlCount() > 1)
+            return Fail(draft.LineOf("check"), ErrorCode::BadValue, name.name);
+        rule.fields.push_back(field);
     }
     return true;
 }

@@ -74,13 +74,12 @@ std::map<std::string, int, std::less<>>& Parser::SectionKeyLines() {
 
 bool Parser::ClaimSectionIds(const std::function<bool(int id, int line)>& claim) const {
     const Page& page = m_description.page;
-    if (page.registerText)
+    if (page.registerText && !m_textDraft.broken)
         for (const int id : page.registerText->ids)
-            if (!claim(id, m_textDraft.LineOf("ids")))
-                return false;
+            claim(id, m_textDraft.LineOf("ids"));
     for (std::size_t i = 0; i < page.tables.size(); ++i)
-        if (!claim(page.tables[i].id, m_tableDrafts[i].LineOf("id")))
-            return false;
+        if (!m_tableDrafts[i].broken)
+            claim(page.tables[i].id, m_tableDrafts[i].LineOf("id"));
     return true;
 }
 
@@ -91,26 +90,34 @@ bool Parser::FinishSectionsOfVersion2() {
                                                 : page.tables[0].line;
     if (firstLine && page.formatVersion < 2)
         return Fail(firstLine, ErrorCode::MissingKey, "format-version = 2");
-    if (page.registerText) {
-        const RegisterTextSpec& text = *page.registerText;
-        const std::vector<Source> records = TextRecords(m_description);
-        if (records.empty())
-            return Fail(text.line, ErrorCode::MissingKey, "records");
-        // Cancel puts back what a paste wrote: only records the change test covers can be pasted.
-        for (const Source source : records)
-            if (std::find(page.changeTest.begin(), page.changeTest.end(), source) == page.changeTest.end() ||
-                std::none_of(m_description.fields.begin(), m_description.fields.end(),
-                             [&](const Field& f) { return f.source == source; }))
-                return Fail(m_textDraft.LineOf("records"), ErrorCode::BadValue, SourceName(source));
-        if (!LineFormatProblem(text.format, records.size() > 1).empty())
-            return Fail(m_textDraft.LineOf("line"), ErrorCode::BadValue, text.format);
-        if (!text.ids.empty() && text.ids.size() != 3)
-            return Fail(m_textDraft.LineOf("ids"), ErrorCode::BadValue, "ids");
-    }
+    if (page.registerText && !m_textDraft.broken)
+        CheckRegisterText();
     for (std::size_t i = 0; i < page.tables.size(); ++i)
         for (const char* key : {"label", "count", "function"})
-            if (!m_tableDrafts[i].keyLines.count(key))
-                return Fail(page.tables[i].line, ErrorCode::MissingKey, key);
+            if (!m_tableDrafts[i].broken && !m_tableDrafts[i].keyLines.count(key)) {
+                Fail(page.tables[i].line, ErrorCode::MissingKey, key);
+                break;
+            }
+    return true;
+}
+
+bool Parser::CheckRegisterText() {
+    const Page& page = m_description.page;
+    const RegisterTextSpec& text = *page.registerText;
+    const std::vector<Source> records = TextRecords(m_description);
+    if (records.empty())
+        return Fail(text.line, ErrorCode::MissingKey, "records");
+    // Cancel puts back what a paste wrote: only records the change test covers can be pasted.
+    for (const Source source : records)
+        if (!AnyFieldBroken() &&
+            (std::find(page.changeTest.begin(), page.changeTest.end(), source) == page.changeTest.end() ||
+             std::none_of(m_description.fields.begin(), m_description.fields.end(),
+                          [&](const Field& f) { return f.source == source; })))
+            return Fail(m_textDraft.LineOf("records"), ErrorCode::BadValue, SourceName(source));
+    if (!LineFormatProblem(text.format, records.size() > 1).empty())
+        return Fail(m_textDraft.LineOf("line"), ErrorCode::BadValue, text.format);
+    if (!text.ids.empty() && text.ids.size() != 3)
+        return Fail(m_textDraft.LineOf("ids"), ErrorCode::BadValue, "ids");
     return true;
 }
 

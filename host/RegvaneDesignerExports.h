@@ -12,7 +12,8 @@ typedef struct HWND__* HWND;
 
 extern "C" {
 // 0 when the description file can be used; otherwise non-zero, and problem (when given) receives
-// "file:line: reason", cut to problemChars including the terminating zero.
+// every problem of the file, one a line ("file:line: reason", or "file:line:column: reason"), as many
+// whole lines as fit in problemChars including the terminating zero.
 int RegvaneCheckDescription(const wchar_t* path, wchar_t* problem, int problemChars);
 // The page a description file renders, as a modeless child of parent that frees itself when its
 // window is destroyed; null, with the problem as above, when the file cannot be used.

@@ -95,17 +95,29 @@ extern "C" const char* RegvaneDialogClassName(HWND window) {
 
 namespace {
 
-// "file:line: reason", as compilers say it, for a chip engineer's tools.
+// Every problem on a line of its own, "file:line: reason" or "file:line:column: reason" as compilers
+// say it, for a chip engineer's tools.
 void TellProblem(const DescriptionLookup& lookup, wchar_t* problem, int problemChars) {
     if (!problem || problemChars <= 0)
         return;
     std::wstring text;
     if (lookup.problem) {
         const chipdesc::ParseError& error = lookup.problem->error;
-        text = lookup.problem->file + L":" + std::to_wstring(error.line) + L": " +
-               DescriptionRegistry::ReasonText(error);
+        auto tell = [&](const chipdesc::Problem& one) {
+            text += (text.empty() ? L"" : L"\n") + lookup.problem->file + L":" + std::to_wstring(one.line) +
+                    (one.column ? L":" + std::to_wstring(one.column) : L"") + L": " +
+                    DescriptionRegistry::ReasonText(one);
+        };
+        tell(error);
+        for (const chipdesc::Problem& more : error.more)
+            tell(more);
     }
-    const std::size_t length = std::min(text.size(), static_cast<std::size_t>(problemChars - 1));
+    const auto room = static_cast<std::size_t>(problemChars - 1);
+    std::size_t length = text.size();
+    if (length > room) { // the problems that fit whole, unless not even the first does
+        const std::size_t lineEnd = text.rfind(L'\n', room);
+        length = lineEnd != std::wstring::npos ? lineEnd : room;
+    }
     text.copy(problem, length);
     problem[length] = L'\0';
 }

@@ -3,7 +3,9 @@
 #include "workbench/ChipCatalog.h"
 #include "workbench/ChipStore.h"
 #include "factory/ChipTypes.h"
+#include "module/LanguageSelection.h"
 #include "workbench/HostWindows.h"
+#include "workbench/LabelFit.h"
 #include "workbench/MessageBoxAnswerer.h"
 #include "workbench/PageSession.h"
 #include "workbench/PagesIndex.h"
@@ -13,6 +15,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <set>
 
 namespace {
 
@@ -213,12 +216,13 @@ int RunDescribed(const WorkbenchOptions& options, HostModule& module, SimulatedH
     PageSession session(module, callback);
     HeadlessFrame frame(session, {options.areaWidth, options.areaHeight});
     MessageBoxAnswerer boxes;
-    std::string problem;
+    std::vector<std::string> problems;
     const PageSession::Opened opened =
-        session.OpenDescription(options.describe, frame.RoomForPage(), &store, options.reset, problem);
+        session.OpenDescription(options.describe, frame.RoomForPage(), &store, options.reset, problems);
     if (!opened.hasPage) {
         PrintLog(session, boxes);
-        std::fprintf(stderr, "error: %s\n", problem.c_str());
+        for (const std::string& problem : problems)
+            std::fprintf(stderr, "error: %s\n", problem.c_str());
         return kExitDescriptionUnusable;
     }
     const SimulatedChip& chip = session.Chip();
@@ -243,11 +247,11 @@ int CheckDescriptions(const WorkbenchOptions& options, HostModule& module) {
     }
     int status = kExitDone;
     for (const std::wstring& file : options.checkDescriptions) {
-        wchar_t problem[1024] = {};
-        if (module.RegvaneCheckDescription(file.c_str(), problem, 1024) == 0) {
+        std::wstring problems(kProblemChars, L'\0'); // a line each
+        if (module.RegvaneCheckDescription(file.c_str(), problems.data(), kProblemChars) == 0) {
             std::printf("%s: ok\n", Utf8(file).c_str());
         } else {
-            std::printf("%s\n", Utf8(problem).c_str());
+            std::printf("%s\n", Utf8(problems.c_str()).c_str());
             status = kExitDescriptionUnusable;
         }
     }
@@ -370,4 +374,76 @@ int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHo
     if (failed || !indexWritten)
         return kExitScreenshotFailed;
     return missing ? kExitNoPage : kExitDone;
+}
+
+namespace {
+
+struct PageToCheck {
+    const CatalogEntry* entry;
+    int registerKind; // 0: the chip's own
+};
+
+// One page of every class with texts of its own: the custom pages, and those laid out from a chip
+// description the module ships, with the description's texts. The other generic pages are the raw
+// register editor under their own template numbers, with its texts: the editor stands for them,
+// under every register kind a host can give, since each kind shows other controls and names them
+// differently.
+std::vector<PageToCheck> PagesToCheck(const std::vector<CatalogEntry>& entries) {
+    std::vector<PageToCheck> pages;
+    std::set<std::string> seen;
+    for (const CatalogEntry& entry : entries) {
+        const ChipClassInfo* info = FindChipClass(entry.className);
+        if (!info || info->kind == ChipPageKind::Raw || !seen.insert(entry.className).second)
+            continue;
+        const int registerKinds = entry.className == "CchipRegModify" ? 12 : 0;
+        for (int kind = registerKinds ? 1 : 0; kind <= registerKinds; ++kind)
+            pages.push_back({&entry, kind});
+    }
+    return pages;
+}
+
+} // namespace
+
+int CheckLabels(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback) {
+    std::vector<CatalogEntry> entries;
+    if (!SelectPages(options, entries))
+        return kExitBadCommandLine;
+    const std::vector<PageToCheck> pages = PagesToCheck(entries);
+    const std::vector<int> languages =
+        options.language ? std::vector<int>{options.language} : LanguagesWithTheirOwnFiles();
+    PageSession session(module, callback);
+    HeadlessFrame frame(session);
+    MessageBoxAnswerer boxes;
+    int misfits = 0;
+    int unopened = 0;
+    for (const int language : languages) {
+        callback.language = language;
+        module.RegvaneLanguageChanged();
+        const std::string languageName = Utf8(LanguageDisplayName(language));
+        for (const PageToCheck& page : pages) {
+            const CatalogEntry& entry = *page.entry;
+            if (!session
+                     .Open(entry.chipType, entry.subType, frame.RoomForPage(), nullptr, true,
+                           page.registerKind)
+                     .hasPage) {
+                std::printf("%s: page %s (%s) did not open\n", languageName.c_str(),
+                            EntryLabel(entry).c_str(), entry.className.c_str());
+                ++unopened;
+                continue;
+            }
+            for (const std::string& misfit : PageMisfits(session.Page())) {
+                std::printf(
+                    "%s: page %s (%s%s), %s\n", languageName.c_str(), EntryLabel(entry).c_str(),
+                    entry.className.c_str(),
+                    page.registerKind ? (", register kind " + std::to_string(page.registerKind)).c_str() : "",
+                    misfit.c_str());
+                ++misfits;
+            }
+        }
+        session.Close();
+        boxes.TakeAnswered();
+    }
+    std::printf("%zu pages in %zu languages checked: %d texts do not fit\n", pages.size(), languages.size(),
+                misfits);
+    return unopened ? kExitNoPage : misfits ? kExitTextsDoNotFit : kExitDone;
 }

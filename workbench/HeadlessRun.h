@@ -17,6 +17,10 @@ int RunDescribed(const WorkbenchOptions& options, HostModule& module, SimulatedH
 // --check-description: "FILE: ok" or "FILE:LINE: reason" for each file; kExitDone when all are usable.
 int CheckDescriptions(const WorkbenchOptions& options, HostModule& module);
 
+// --check-labels: each text that does not fit its control, page by page, language by language.
+// Returns kExitTextsDoNotFit when there is one.
+int CheckLabels(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback);
+
 // A picture of every chip page (or of options.onlyTypes) in options.allPagesFolder, with an
 // index.html to see them side by side. Returns a WorkbenchExit.
 int RunAllPages(const WorkbenchOptions& options, HostModule& module, SimulatedHostCallback& callback);

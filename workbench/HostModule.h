@@ -23,5 +23,8 @@ struct HostModule {
     std::string Version() const;
 };
 
+// Room for what RegvaneCheckDescription says of a file: every problem, a line each.
+inline constexpr int kProblemChars = 32 * 1024;
+
 // The folder of the workbench's executable, with a trailing backslash.
 std::wstring ProgramFolder();

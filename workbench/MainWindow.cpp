@@ -380,14 +380,18 @@ bool MainWindow::OpenDescription(const std::wstring& path) {
     m_describedPath = path;
     m_describedVersion = FileVersion(path);
     SetTimer(m_window, kDescriptionTimer, kDescriptionPollMs, nullptr);
-    std::string problem;
+    std::vector<std::string> problems;
     const PageSession::Opened opened =
-        m_session.OpenDescription(path, RoomForPage(), &m_store, false, problem);
-    if (!problem.empty()) {
+        m_session.OpenDescription(path, RoomForPage(), &m_store, false, problems);
+    if (!problems.empty()) {
         Layout();
         AppendLog(m_session.TakeLog());
-        AppendLog({"description " + DisplayPath(path) + " cannot be used: " + problem});
-        SetStatus(problem + (opened.hasPage ? "  -  the last good page stays" : ""));
+        AppendLog({"description " + DisplayPath(path) + " cannot be used:"});
+        AppendLog(problems);
+        const std::size_t more = problems.size() - 1;
+        SetStatus(problems.front() +
+                  (more ? "  (and " + std::to_string(more) + " more in the log)" : std::string()) +
+                  (opened.hasPage ? "  -  the last good page stays" : ""));
         return opened.hasPage;
     }
     const SimulatedChip& chip = m_session.Chip();

@@ -7,6 +7,7 @@
 
 #include "descriptions/ChipDescription.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -25,6 +26,17 @@ std::string DescribedClass(const std::wstring& path) {
     const chipdesc::ParseResult parsed = chipdesc::Parse(text, {});
     const auto* description = std::get_if<chipdesc::Description>(&parsed);
     return description ? description->page.className : std::string();
+}
+
+// What the module says of a description, a problem a line.
+std::vector<std::string> ProblemLines(const std::wstring& text) {
+    std::vector<std::string> lines;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find(L'\n', start), text.size());
+        lines.push_back(Utf8(std::wstring_view(text).substr(start, end - start)));
+        start = end + 1;
+    }
+    return lines;
 }
 
 } // namespace
@@ -74,9 +86,11 @@ void PageSession::ShowPage() {
 }
 
 PageSession::Opened PageSession::Open(int chipType, int subType, HWND view, const ChipStore* store,
-                                      bool reset) {
+                                      bool reset, int registerKind) {
     Opened opened;
     SetUpChip(chipType, subType, store, reset, opened);
+    if (registerKind)
+        m_chip->registerKind = registerKind;
     m_page = m_module.CreateRegvaneHwnd(chipType, m_chip.get(), caption.c_str(), view);
     opened.hasPage = m_page != nullptr;
     ShowPage();
@@ -84,15 +98,15 @@ PageSession::Opened PageSession::Open(int chipType, int subType, HWND view, cons
 }
 
 PageSession::Opened PageSession::OpenDescription(const std::wstring& path, HWND view, const ChipStore* store,
-                                                 bool reset, std::string& problem) {
+                                                 bool reset, std::vector<std::string>& problems) {
     Opened opened;
     if (!m_module.RegvaneCheckDescription || !m_module.RegvaneCreateDescribedPage) {
-        problem = "this regvane.dll has no chip-description designer";
+        problems = {"this regvane.dll has no chip-description designer"};
         return opened;
     }
-    wchar_t text[1024] = {};
-    if (m_module.RegvaneCheckDescription(path.c_str(), text, 1024) != 0) {
-        problem = Utf8(text);
+    std::wstring text(kProblemChars, L'\0');
+    if (m_module.RegvaneCheckDescription(path.c_str(), text.data(), kProblemChars) != 0) {
+        problems = ProblemLines(text.c_str());
         opened.hasPage = m_page != nullptr;
         return opened;
     }
@@ -113,9 +127,9 @@ PageSession::Opened PageSession::OpenDescription(const std::wstring& path, HWND 
         m_chip->OfferDesignerFunctions();
         m_describedClass = className;
     }
-    m_page =
-        m_module.RegvaneCreateDescribedPage(path.c_str(), m_chip.get(), caption.c_str(), view, text, 1024);
-    problem = Utf8(text);
+    m_page = m_module.RegvaneCreateDescribedPage(path.c_str(), m_chip.get(), caption.c_str(), view,
+                                                 text.data(), kProblemChars);
+    problems = ProblemLines(text.c_str());
     opened.hasPage = m_page != nullptr;
     ShowPage();
     return opened;

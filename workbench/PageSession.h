@@ -31,15 +31,17 @@ public:
         std::string warning;   // a damaged save file that was set aside
     };
     // Sets up the chip with its start values, then (with a store, unless reset) what was saved for
-    // it, and asks the module for its page as a child of view. The page is shown.
-    Opened Open(int chipType, int subType, HWND view, const ChipStore* store, bool reset);
+    // it, and asks the module for its page as a child of view. The page is shown. A register kind
+    // other than 0 replaces the chip's: the raw editor shows and names other controls for each.
+    Opened Open(int chipType, int subType, HWND view, const ChipStore* store, bool reset,
+                int registerKind = 0);
     // The designer: the page a chip description file renders, on the chip of the page class the file
     // describes (the chip table's first page of that class, with what the store saved for it), or on
     // a blank chip for a class the table does not list. Opening a description of the same class again
-    // keeps the chip and its bytes. A file that cannot be used leaves everything as it was; problem
-    // then says "file:line: reason".
+    // keeps the chip and its bytes. A file that cannot be used leaves everything as it was; problems
+    // then says what is wrong, "file:line: reason" for each of the file's problems.
     Opened OpenDescription(const std::wstring& path, HWND view, const ChipStore* store, bool reset,
-                           std::string& problem);
+                           std::vector<std::string>& problems);
     void Close();
 
     HWND Page() const { return m_page; }

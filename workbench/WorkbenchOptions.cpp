@@ -17,6 +17,8 @@ const char* const kWorkbenchUsage =
   RegvaneWorkbench [--headless] --describe FILE.desc [--do "ACTIONS"] [--screenshot FILE.png]
                                                                  the page a chip description renders
   RegvaneWorkbench --check-description FILE.desc...              checks chip descriptions
+  RegvaneWorkbench --check-labels [--language L] [--types N,N,...]
+                                                                 texts that do not fit their controls
 
   --type N          chip type number, e.g. 47 or 65536+4
   --subtype S       the chip's sub-type (chooses the page for 4, 5, 6, 9, 11, 13, 46, 47, 67, 91, 129, 349)
@@ -36,13 +38,16 @@ const char* const kWorkbenchUsage =
                     taller than that flows into columns, and scrolls when it still does not fit
   --check-description FILE...
                     prints "FILE: ok" or "FILE:LINE: reason" for each chip description
+  --check-labels    opens every page with texts of its own (or those of --types) in every language
+                    (or in --language L) and prints each text that does not fit its control, with the
+                    language files the module found
 
 Headless runs answer a message box with OK, and a file dialog with the file name it proposes in the
 working folder (or cancel it when it proposes none).
 
 Exit status: 0 done, 1 bad command line or script, 2 regvane.dll unusable, 3 no page for the chip,
 4 an action could not be carried out, 5 a screenshot could not be written, 6 a chip description
-cannot be used.
+cannot be used, 7 a text does not fit its control.
 )";
 
 namespace {
@@ -174,14 +179,15 @@ constexpr std::pair<std::wstring_view, bool WorkbenchOptions::*> kSwitches[] = {
     {L"--list", &WorkbenchOptions::list},
     {L"--headless", &WorkbenchOptions::headless},
     {L"--reset", &WorkbenchOptions::reset},
+    {L"--check-labels", &WorkbenchOptions::checkLabels},
 };
 
 // Options that only go with some others; empty when these go together.
 std::string CheckCombination(const WorkbenchOptions& o) {
     if (!o.allPagesFolder.empty() && (o.chipType || !o.scriptFile.empty() || !o.inlineActions.empty()))
         return "--all-pages takes every page as it starts; it does not go with --type, --script or --do";
-    if (o.allPagesFolder.empty() && !o.onlyTypes.empty())
-        return "--types only limits --all-pages";
+    if (o.allPagesFolder.empty() && !o.checkLabels && !o.onlyTypes.empty())
+        return "--types only limits --all-pages or --check-labels";
     if (!o.describe.empty() && (o.chipType || !o.allPagesFolder.empty()))
         return "--describe opens the chip a description names; it does not go with --type or --all-pages";
     if (o.headless && !o.chipType && o.allPagesFolder.empty() && o.describe.empty())

@@ -19,12 +19,13 @@ struct WorkbenchOptions {
     std::string inlineActions; // every --do, joined by ';'
     std::wstring screenshot;   // headless: where the page's picture goes
     std::wstring allPagesFolder;
-    std::vector<int> onlyTypes; // --types: limit --all-pages to these
+    std::vector<int> onlyTypes; // --types: limit --all-pages or --check-labels to these
     std::wstring profile;       // where chips persist; empty: %APPDATA%\Regvane\Workbench
     int language = 0;           // 1..13; 0: the saved or default language
     bool reset = false;         // start the chip from its start values, forgetting what was saved
     std::wstring describe;      // a chip description to open (the designer), redrawn when it changes
     std::vector<std::wstring> checkDescriptions; // chip descriptions to check, then stop
+    bool checkLabels = false;                    // check that the pages' texts fit their controls, then stop
     // The room the host's view gives a page before it opens, in pixels.
     int areaWidth = kDefaultAreaWidth;
     int areaHeight = kDefaultAreaHeight;
@@ -39,6 +40,7 @@ enum WorkbenchExit {
     kExitActionFailed = 4,
     kExitScreenshotFailed = 5,
     kExitDescriptionUnusable = 6,
+    kExitTextsDoNotFit = 7,
 };
 
 struct ParsedOptions {

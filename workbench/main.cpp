@@ -45,6 +45,8 @@ int wmain(int argc, wchar_t** argv) {
 
     if (!options.checkDescriptions.empty())
         return CheckDescriptions(options, module);
+    if (options.checkLabels)
+        return CheckLabels(options, module, callback);
     if (!options.allPagesFolder.empty())
         return RunAllPages(options, module, callback);
     if (options.headless && !options.describe.empty())

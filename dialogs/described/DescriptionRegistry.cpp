@@ -56,8 +56,8 @@ DescriptionLookup DescriptionRegistry::ParseText(std::string_view text, const st
         std::make_shared<const chipdesc::Description>(std::get<chipdesc::Description>(std::move(result)));
     // A file in the folder speaks for the class its name gives, and for no other.
     if (!className.empty() && description->page.className != className)
-        return {nullptr,
-                DescriptionProblem{file, {1, chipdesc::ErrorCode::BadValue, description->page.className}}};
+        return {nullptr, DescriptionProblem{
+                             file, {{1, chipdesc::ErrorCode::BadValue, description->page.className}, {}}}};
     return {std::move(description), std::nullopt};
 }
 
@@ -114,14 +114,14 @@ DescriptionLookup DescriptionRegistry::Load(const std::wstring& path) {
     std::string text;
     if (!version || !ReadDescriptionFile(path, text)) {
         m_loaded.erase(path);
-        return {nullptr, DescriptionProblem{path, {0, chipdesc::ErrorCode::NotText, ""}}};
+        return {nullptr, DescriptionProblem{path, {{0, chipdesc::ErrorCode::NotText, ""}, {}}}};
     }
     DescriptionLookup lookup = ParseText(text, path, {});
     m_loaded[path] = CachedFile{*version, lookup};
     return lookup;
 }
 
-std::wstring DescriptionRegistry::ReasonText(const chipdesc::ParseError& error) {
+std::wstring DescriptionRegistry::ReasonText(const chipdesc::Problem& error) {
     return ReplaceAll(Tr(Utf8ToWide(chipdesc::ReasonStringId(error.code))), L"{detail}",
                       Utf8ToWide(error.detail));
 }
@@ -132,7 +132,12 @@ std::wstring DescriptionRegistry::ProblemText(const DescriptionProblem& problem,
     std::wstring text = Tr(opensDescribed ? L"IDS_Description_ProblemShipped" : L"IDS_Description_Problem");
     text = ReplaceAll(std::move(text), L"{file}", FileName(problem.file));
     text = ReplaceAll(std::move(text), L"{line}", std::to_wstring(error.line));
-    return ReplaceAll(std::move(text), L"{reason}", reason);
+    text = ReplaceAll(std::move(text), L"{reason}", reason);
+    // One message, of the first problem: the designer lists them all.
+    if (!error.more.empty())
+        text += L" " + ReplaceAll(Tr(L"IDS_Description_MoreProblems"), L"{count}",
+                                  std::to_wstring(error.more.size()));
+    return text;
 }
 
 void DescriptionRegistry::TellOnce(const DescriptionProblem& problem, HWND owner, bool opensDescribed) {

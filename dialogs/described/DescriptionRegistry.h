@@ -42,8 +42,8 @@ public:
 
     // "...\Language\Hw\Regvane\Chips\", beside the language files of the host's executable.
     static std::wstring Folder();
-    // Why a description cannot be used, translated: "unknown key "colour"".
-    static std::wstring ReasonText(const chipdesc::ParseError& error);
+    // What is wrong at a line, translated: "unknown key "colour"".
+    static std::wstring ReasonText(const chipdesc::Problem& error);
     // The operator's message for a problem: which file and line, why, and what the page shows instead.
     static std::wstring ProblemText(const DescriptionProblem& problem, bool opensDescribed);
     // Shows the problem once per file version; later calls for the same version do nothing.

@@ -1,5 +1,5 @@
 // Chip descriptions reach the module from a folder the host suite installs: any bytes at all must give
-// a description or a refusal with its line, never a crash. What parses is laid out and every field is
+// a description or refusals each with its line, never a crash. What parses is laid out and every field is
 // written and read on a record of the largest size, so the positions the parser accepted are in bounds;
 // every rule is checked on the fields' highest values, which index only fields the page has.
 #include "descriptions/ChipDescription.h"
@@ -18,9 +18,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         chipdesc::Parse(text, [](std::string_view id) { return id.size() % 5 != 0; });
     auto* description = std::get_if<chipdesc::Description>(&result);
     if (!description) {
+        // Every problem with its line and reason, in line order, a bounded number of them.
         const auto& error = std::get<chipdesc::ParseError>(result);
-        if (error.line < 0 || chipdesc::ReasonStringId(error.code).empty())
-            __builtin_trap();
+        int line = 0;
+        for (std::size_t i = 0; i <= error.more.size(); ++i) {
+            const chipdesc::Problem& problem = i == 0 ? error : error.more[i - 1];
+            if (problem.line < line || i >= chipdesc::kMaxProblems ||
+                chipdesc::ReasonStringId(problem.code).empty())
+                __builtin_trap();
+            line = problem.line;
+        }
         return 0;
     }
     chipdesc::LayoutTexts texts;

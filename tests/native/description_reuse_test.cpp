@@ -17,10 +17,13 @@ Description Parsed(const std::string& fields) {
 }
 
 TEST(WideFields, SignedAnd32BitValuesAreTheBytesWorkedOutByHand) {
-    const Description d = Parsed("[field count]\nlabel = \"C\"\nbits = 3[7:0] 2[7:0] 1[7:0] 0[7:0]\n"
-                                 "control = number\n[field trim]\nlabel = \"T\"\nbits = 4[7:0]\n"
-                                 "signed = twos-complement\ncontrol = slider\n[field black]\nlabel = \"B\"\n"
-                                 "bits = 6[3:0] 5[7:0]\nsigned = sign-magnitude\ncontrol = number\n");
+    const Description d =
+        Parsed("[field count]\nlabel = \"C\"\nbits = 3[7:0] 2[7:0] 1[7:0] 0[7:0]\n"
+               "control = number\n[field trim]\nlabel = \"T\"\nbits = 4[7:0]\n"
+               "signed = twos-complement\ncontrol = slider\n[field black]\nlabel = \"B\"\n"
+               "bits = 6[3:0] 5[7:0]\nsigned = sign-magnitude\ncontrol = number\n[field tiny]\n"
+               "label = \"S\"\nbits = 7[1:0]\nsigned = twos-complement\ncontrol = number\n"
+               "step = 0.5\n");
     const Field &count = d.fields.at(0), &trim = d.fields.at(1), &black = d.fields.at(2);
     Block block{};
     WriteValue(count, block, 0, 0x89ABCDEF);
@@ -33,6 +36,8 @@ TEST(WideFields, SignedAnd32BitValuesAreTheBytesWorkedOutByHand) {
     EXPECT_EQ(ReadValue(black, block, 0), -2047);
     block[6] = 0x08, block[5] = 0; // the sign without a magnitude
     EXPECT_EQ(ReadValue(black, block, 0), 0);
+    block[7] = 0x03;
+    EXPECT_EQ(ReadValue(d.fields.at(3), block, 0), -1) << "two bits are the smallest signed field";
     EXPECT_EQ((std::vector<Value>{count.minimum, count.maximum, trim.minimum, trim.maximum, black.minimum,
                                   black.maximum}),
               (std::vector<Value>{0, 4294967295, -128, 127, -2047, 2047}));

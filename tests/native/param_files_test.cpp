@@ -107,6 +107,10 @@ TEST(ParamChipTable, RowCountChainMixesSubTypeAndTypeAndAsksAfreshPerTest) {
         EXPECT_EQ(ids.subTypeQueries, c.subTypeQueries);
         EXPECT_EQ(ids.typeQueries, c.typeQueries);
     }
+    for (const std::uint16_t subType : {292, 342, 358, 379, 381, 402}) { // the rest of the 42-row group
+        CountingIds ids(0, subType);
+        EXPECT_EQ(ParamRowPlanFor(ids).rows, 42) << subType;
+    }
 }
 
 TEST(ChipParamTable, ExportIsTagHeaderAndRowsInCrLfNamedByTheSubTypeWhenThereIsOne) {
@@ -315,6 +319,8 @@ TEST(ParamFileVariants, Mbi5292StatesItsRowCountSkipsEmptyLinesOnlyAndTellsAWron
     const ParamImportResult badHeader = table.Import(dir.File("count.csv"));
     EXPECT_EQ(badHeader.result, kParamFileFailed);
     EXPECT_EQ(badHeader.status, ParamReadStatus::BadHeader);
+    dir.Write("count.csv", "MBI5292\r\nRegister Count: many\r\n1,2,3,4,5,6,7,8\r\n");
+    EXPECT_EQ(table.Import(dir.File("count.csv")).status, ParamReadStatus::BadHeader) << "a count has digits";
     EXPECT_EQ(chip.regData2[0], 1);
 }
 

@@ -104,7 +104,7 @@ TEST_F(DescriptionFolder, AFileInTheFolderReplacesTheShippedDescriptionWhileItIs
 }
 
 TEST_F(DescriptionFolder, ABrokenFileLeavesTheRawEditorWritesNothingAndIsToldOnce) {
-    Write("CRegvane_SUM2018", 4, 500, "colour = red\n"); // line 8
+    Write("CRegvane_SUM2018", 4, 500, "colour = red\nshape = round\n"); // lines 8 and 9
     MessageBoxWatcher boxes;
     HWND page = Open(kRawPageType);
     EXPECT_NE(GetDlgItem(page, kRawByteEdit), nullptr);
@@ -114,6 +114,7 @@ TEST_F(DescriptionFolder, ABrokenFileLeavesTheRawEditorWritesNothingAndIsToldOnc
     const std::wstring& text = boxes.Boxes()[0].text;
     EXPECT_NE(text.find(L"CRegvane_SUM2018.desc"), std::wstring::npos);
     EXPECT_NE(text.find(L"line 8: unknown key"), std::wstring::npos) << std::string(text.begin(), text.end());
+    EXPECT_NE(text.find(L"Further problems in the file: 1."), std::wstring::npos); // one message, of the first
 
     Open(kRawPageType);
     EXPECT_EQ(boxes.Boxes().size(), 1u) << "told twice";

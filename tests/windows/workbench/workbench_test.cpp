@@ -180,11 +180,14 @@ TEST(Workbench, ChecksDescriptionsAndDrawsOneHeadlessOnTheChipOfItsClass) {
     const std::wstring good = folder.File(L"CRegvane_SUM2018.desc");
     const std::wstring bad = folder.File(L"bad.desc");
     WriteFileBytes(good, Description(4, 500));
-    WriteFileBytes(bad, Description(16, 500)); // byte 16 of a 16-byte block
+    // Byte 16 of a 16-byte block, and a control there is none of: each told on a line of its own.
+    WriteFileBytes(bad,
+                   Description(16, 500) + "[field more]\nlabel = \"More\"\nbits = 5[7:0]\ncontrol = knob\n");
     const WorkbenchRun check = RunWorkbench(L"--check-description \"" + good + L"\" \"" + bad + L"\"");
     EXPECT_EQ(check.status, 6u) << check.out << check.err;
     EXPECT_NE(check.out.find("CRegvane_SUM2018.desc: ok"), std::string::npos) << check.out;
-    EXPECT_NE(check.out.find("bad.desc:6: byte 16"), std::string::npos) << check.out;
+    const auto second = check.out.find("bad.desc:12:11: \"knob\"", check.out.find("bad.desc:6: byte 16"));
+    EXPECT_NE(second, std::string::npos) << check.out;
     EXPECT_EQ(RunWorkbench(L"--check-description \"" + good + L"\"").status, 0u);
 
     const WorkbenchRun run =

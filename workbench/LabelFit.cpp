@@ -1,22 +1,12 @@
-// Translated texts fit the controls that show them, in every host language: a label that wraps into
-// a line its control has no room for, or runs past its edge, loses words the operator needs, and
-// a letter no font has comes out as a box. Each text is drawn and measured with the control's own
-// font (and the fonts linked to it for scripts it lacks, as on Windows) and compared with the room
-// the control draws it in.
-#include "TestHost.h"
-#include "factory/ChipTypes.h"
+#include "workbench/LabelFit.h"
+
 #include "module/LanguageSelection.h"
-#include "workbench/ChipCatalog.h"
-#include "workbench/ChipPresets.h"
 #include "workbench/Win32Text.h"
 
 #include <commctrl.h>
-#include <gtest/gtest.h>
 
 #include <cstdint>
 #include <set>
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -214,12 +204,14 @@ std::string ControlMisfits(HWND control) {
     } else {
         return {};
     }
-    const std::wstring text = WindowText(control);
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
+    text.resize(
+        static_cast<std::size_t>(GetWindowTextW(control, text.data(), static_cast<int>(text.size()))));
     return text.empty() ? std::string() : Misfit(dc, text, format, room);
 }
 
-// Every text of a page that does not fit, hidden controls included: the host's register kind or
-// the page itself shows them later, with the same text.
+} // namespace
+
 std::vector<std::string> PageMisfits(HWND page) {
     std::vector<std::string> misfits;
     for (HWND control = GetWindow(page, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT))
@@ -228,60 +220,6 @@ std::vector<std::string> PageMisfits(HWND page) {
     return misfits;
 }
 
-struct PageToCheck {
-    CatalogEntry row;
-    int registerKind; // the host's register kind: it shows and renames the raw editor's controls
-};
-
-// One page of every class with texts of its own: the custom pages, and those laid out from a chip
-// description the module ships, with the description's texts. The other generic pages are the raw
-// register editor under their own template numbers, with its texts: the editor stands for them,
-// under every register kind a host can give, since each kind shows other controls and names them
-// differently.
-std::vector<PageToCheck> PagesToCheck() {
-    std::vector<PageToCheck> pages;
-    std::set<std::string> seen;
-    for (const CatalogEntry& row : ChipCatalog()) {
-        const ChipClassInfo* info = FindChipClass(row.className);
-        if (!info || info->kind == ChipPageKind::Raw || !seen.insert(row.className).second)
-            continue;
-        const int registerKinds = row.className == "CchipRegModify" ? 12 : 0;
-        for (int kind = registerKinds ? 1 : 0; kind <= registerKinds; ++kind)
-            pages.push_back({row, kind});
-    }
-    return pages;
-}
-
-class TranslatedLabels : public ::testing::TestWithParam<int> {};
-
-TEST_P(TranslatedLabels, FitTheirControlsOnEveryPage) {
-    const int language = GetParam();
-    InstallHostCallback(language);
-    RegvaneLibrary& lib = RegvaneLibrary::Get();
-    HostFrame host;
-    int checked = 0;
-    for (const PageToCheck& check : PagesToCheck()) {
-        SimulatedChip chip;
-        SetUpSimulatedChip(chip, check.row.chipType, check.row.subType);
-        if (check.registerKind)
-            chip.registerKind = check.registerKind;
-        chip.OfferChipFunctions();
-        HWND page = lib.CreateRegvaneHwnd(check.row.chipType, &chip, L"", host.View());
-        ASSERT_NE(page, nullptr) << EntryLabel(check.row);
-        ShowWindow(page, SW_SHOW);
-        PumpMessages();
-        for (const std::string& misfit : PageMisfits(page))
-            ADD_FAILURE() << "page " << EntryLabel(check.row) << " (" << check.row.className
-                          << (check.registerKind ? ", register kind " + std::to_string(check.registerKind)
-                                                 : "")
-                          << "), " << misfit;
-        DestroyWindow(page);
-        ++checked;
-    }
-    EXPECT_GT(checked, 20);
-}
-
-// One run per language file: the thirteenth index reads the same files as the tenth.
 std::vector<int> LanguagesWithTheirOwnFiles() {
     std::vector<int> indices;
     std::set<std::wstring> files;
@@ -290,17 +228,3 @@ std::vector<int> LanguagesWithTheirOwnFiles() {
             indices.push_back(index);
     return indices;
 }
-
-std::string LanguageName(const ::testing::TestParamInfo<int>& info) {
-    const std::wstring file = LanguageFilesForIndex(info.param).primary; // "Multi_Thai.ini" -> "Thai"
-    std::string name;
-    for (const wchar_t c : file.substr(6, file.size() - 10))
-        if (iswalnum(c))
-            name += static_cast<char>(c);
-    return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Language, TranslatedLabels, ::testing::ValuesIn(LanguagesWithTheirOwnFiles()),
-                         LanguageName);
-
-} // namespace
