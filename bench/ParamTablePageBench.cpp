@@ -352,15 +352,18 @@ int main(int argc, char** argv) {
         const Subject page = MakeSubject([&] { return dll.create(type->chipType, &chip, L"", host); },
                                          dll.module, chipClass.templateId, host);
         const std::vector<double> m = MedianOpenings(
-            {page.open, page.OpenBare(), page.OpenDrawn(), page.OpenHeader(), page.OpenScrolled()}, rounds, chip);
+            {page.open, page.OpenBare(), page.OpenDrawn(), page.OpenHeader(), page.OpenScrolled()}, rounds,
+            chip);
         worst = std::max(worst, m[0] / m[1]);
         worstHeader = std::max(worstHeader, m[3] / m[1]);
         leastScroll = std::min(leastScroll, m[4] / m[1]);
-        Print(chipClass.className, page, {m[0], m[1], m[2], m[3], m[4], MedianRefresh(page.open(), rounds, chip)});
+        Print(chipClass.className, page,
+              {m[0], m[1], m[2], m[3], m[4], MedianRefresh(page.open(), rounds, chip)});
     }
-    std::printf("worst ratio to the bare template %.2f (target at most 1.30); the list view's own header alone "
-                "up to %.2f; its scroll bar alone at least %.2f\n",
-                worst, worstHeader, leastScroll);
+    std::printf(
+        "worst ratio to the bare template %.2f (target at most 1.30); the list view's own header alone "
+        "up to %.2f; its scroll bar alone at least %.2f\n",
+        worst, worstHeader, leastScroll);
 
     // The made-up tables, on the module linked into this program and its own copy of the templates,
     // opened by turns with their floors.

@@ -50,7 +50,8 @@ void CVirtualGrid::Attach(HWND list, int fixedColumns) {
     if (const LONG_PTR style = ::GetWindowLongPtrW(list, GWL_STYLE); !(style & WS_CLIPCHILDREN))
         ::SetWindowLongPtrW(list, GWL_STYLE, style | WS_CLIPCHILDREN);
     ::SetWindowSubclass(list, ListProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
-    m_list.SetHighlight([this](int row, int column) { return row == m_row && column == m_column && !m_edit; });
+    m_list.SetHighlight(
+        [this](int row, int column) { return row == m_row && column == m_column && !m_edit; });
 }
 
 void CVirtualGrid::SetCurrent(int row, int column) {

@@ -28,7 +28,9 @@ public:
     // Takes over the list's drawing; its own header is hidden for the titles this list draws.
     void Attach(HWND list);
     // Cells drawn as selected besides the selected rows (a grid's current cell).
-    void SetHighlight(std::function<bool(int row, int column)> highlight) { m_highlight = std::move(highlight); }
+    void SetHighlight(std::function<bool(int row, int column)> highlight) {
+        m_highlight = std::move(highlight);
+    }
 
     struct Column {
         std::wstring title;

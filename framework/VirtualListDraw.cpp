@@ -20,7 +20,8 @@ void DrawCellText(HDC dc, const std::wstring& text, RECT cell, int margin, const
         return;
     const auto length = static_cast<int>(text.size());
     if (length * metrics.tmMaxCharWidth > cell.right - cell.left) {
-        ::DrawTextW(dc, text.c_str(), length, &cell, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+        ::DrawTextW(dc, text.c_str(), length, &cell,
+                    DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
         return;
     }
     const int top = (cell.top + cell.bottom - metrics.tmHeight) / 2;
@@ -73,8 +74,8 @@ std::vector<int> CVirtualList::ColumnEdges() const {
     SCROLLINFO scroll{};
     scroll.cbSize = sizeof scroll;
     scroll.fMask = SIF_POS;
-    const bool scrolled = (::GetWindowLongPtrW(m_hWnd, GWL_STYLE) & WS_HSCROLL) &&
-                          ::GetScrollInfo(m_hWnd, SB_HORZ, &scroll);
+    const bool scrolled =
+        (::GetWindowLongPtrW(m_hWnd, GWL_STYLE) & WS_HSCROLL) && ::GetScrollInfo(m_hWnd, SB_HORZ, &scroll);
     std::vector<int> edges{scrolled ? -scroll.nPos : 0};
     const int columns = ColumnCount();
     for (int column = 0; column < columns; ++column)
@@ -202,8 +203,8 @@ LRESULT CALLBACK CVirtualList::DrawProc(HWND list, UINT message, WPARAM wParam, 
         switch (message) {
         case WM_NCCALCSIZE: {
             const LRESULT result = ::DefSubclassProc(list, message, wParam, lParam);
-            RECT& client =
-                wParam ? reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam)->rgrc[0] : *reinterpret_cast<RECT*>(lParam);
+            RECT& client = wParam ? reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam)->rgrc[0]
+                                  : *reinterpret_cast<RECT*>(lParam);
             client.top = std::min(client.top + self.m_stripHeight, client.bottom);
             return result;
         }
