@@ -83,8 +83,6 @@ public:
     bool Next(std::wstring& line) {
         const bool read = m_file.ReadString(line);
         m_outcome.bytesRead = m_file.BytesRead();
-        if (read)
-            ++m_outcome.linesRead;
         return read;
     }
 

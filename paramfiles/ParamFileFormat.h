@@ -68,7 +68,6 @@ enum class ParamReadStatus {
 struct ParamReadOutcome {
     ParamReadStatus status = ParamReadStatus::CannotOpen;
     int rowsRead = 0;          // lines taken as rows, whether they parsed or not
-    std::size_t linesRead = 0; // pieces handed out by the file, skipped empty lines included
     std::uint64_t bytesRead = 0;
     bool ok() const { return status == ParamReadStatus::Ok; }
 };

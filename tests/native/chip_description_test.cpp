@@ -321,8 +321,11 @@ std::string ReadSourceFile(const std::string& relative) {
     return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
+// A description we ship, or one of the guide's examples.
 Description Shipped(const std::string& className) {
-    return Parsed(ReadSourceFile("descriptions/chips/" + className + ".desc"), IsModuleStringId, className);
+    const std::string folder =
+        className.starts_with("CRegvaneExample") ? "docs/examples/" : "descriptions/chips/";
+    return Parsed(ReadSourceFile(folder + className + ".desc"), IsModuleStringId, className);
 }
 
 TEST(ChipDescription, EveryShippedDescriptionIsValidNamedForItsClassAndTranslated) {
@@ -411,7 +414,8 @@ TEST(ChipDescription, TheLayoutGivesEveryTextItsRoomAndNoTwoControlsOverlap) {
     for (const auto& [className, area] : // in one column, and flowed in a wide room too short for one
          {std::pair{"CRegvaneFM6127EX", PageArea{}}, std::pair{"CRegvaneFM6126", PageArea{}},
           std::pair{"CRegvaneFM6127EX", PageArea{2000, 150, 17}},
-          std::pair{"CRegvaneFM6126", PageArea{2000, 150, 17}}}) {
+          std::pair{"CRegvaneFM6126", PageArea{2000, 150, 17}},
+          std::pair{"CRegvaneExampleGrid", PageArea{2000, 150, 17}}}) {
         SCOPED_TRACE(std::string(className) + (area.height ? " in a short room" : ""));
         const Description description = Shipped(className);
         // Every character 6 pixels; a label, the read-out switch and Default three times as long as
@@ -426,7 +430,7 @@ TEST(ChipDescription, TheLayoutGivesEveryTextItsRoomAndNoTwoControlsOverlap) {
         texts.measure = [](std::wstring_view text) { return static_cast<int>(text.size()) * 6; };
         const FlowedPlan flowed = FlowIntoColumns(PlanLayout(description, texts, {6, 13}), area);
         const LayoutPlan& plan = flowed.plan;
-        EXPECT_EQ(flowed.columns > 1, area.height && std::string(className) == "CRegvaneFM6127EX");
+        EXPECT_EQ(flowed.columns > 1, area.height && std::string(className) != "CRegvaneFM6126");
         std::vector<const PlannedWindow*> controls;
         for (const PlannedWindow& window : plan.windows) {
             if (window.role == Role::Label || window.role == Role::ColourHeader ||

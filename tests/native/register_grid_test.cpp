@@ -11,8 +11,9 @@ using namespace chipdesc;
 
 const std::string kPage = "[page]\nclass = CRegvaneGridTest\n[field level]\nlabel = \"L\"\nbits = 4[7:0]\n"
                           "control = number\n";
-const std::string kGrid = "[grid g]\nrecord = block\nrows = 4\nbit-step = 4\nstep = 0\nrow-names = \"R %d-%d\"\n"
-                          "per = 2\nfirst = 0\n[field t]\ngrid = g\nlabel = \"T\"\nbits = 0[3:0]\ncontrol = hex\n";
+const std::string kGrid =
+    "[grid g]\nrecord = block\nrows = 4\nbit-step = 4\nstep = 0\nrow-names = \"R %d-%d\"\n"
+    "per = 2\nfirst = 0\n[field t]\ngrid = g\nlabel = \"T\"\nbits = 0[3:0]\ncontrol = hex\n";
 
 TEST(RegisterGrid, CellsPackAtTheirStepAndRowsAreNamedByGroup) {
     const auto parsed = Parse(kPage + kGrid, {});
@@ -43,8 +44,8 @@ TEST(RegisterGrid, ABadGridIsRefusedAtItsLine) {
         int line;
         ErrorCode code;
     } cases[] = {
-        {with("rows = 4", "rows = 129"), 9, ErrorCode::OutOfRange},   // more cells than the block has bits
-        {with("rows = 4", "rows = 33"), 9, ErrorCode::OutsideRecord}, // row 32 at byte 16
+        {with("rows = 4", "rows = 129"), 9, ErrorCode::OutOfRange},     // more cells than the block has bits
+        {with("rows = 4", "rows = 33"), 9, ErrorCode::OutsideRecord},   // row 32 at byte 16
         {with("bit-step = 4", "bit-step = 6"), 10, ErrorCode::BadBits}, // row 1 at bits 6..9
         {with("\"R %d-%d\"", "\"R %s\""), 12, ErrorCode::BadValue},
         {with("per = 2\n", ""), 12, ErrorCode::MissingKey},
@@ -58,6 +59,9 @@ TEST(RegisterGrid, ABadGridIsRefusedAtItsLine) {
         EXPECT_EQ(std::get<ParseError>(parsed).line, line) << text;
         EXPECT_EQ(std::get<ParseError>(parsed).code, code) << text;
     }
+    // Cells are named by column and row: row 0 of a column in bit 4 lies under row 1 of t.
+    const std::string u = "[field u]\ngrid = g\nlabel = \"U\"\nbits = 0[4]\ncontrol = hex\n";
+    EXPECT_EQ(std::get<ParseError>(Parse(kPage + kGrid + u, {})).detail, "u.0");
 }
 
 } // namespace
