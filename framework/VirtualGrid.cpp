@@ -47,8 +47,11 @@ void CVirtualGrid::Attach(HWND list, int fixedColumns) {
     m_row = 0;
     m_column = m_fixedColumns;
     // The edit lies over the cells: the list's own drawing must leave it alone.
-    ::SetWindowLongPtrW(list, GWL_STYLE, ::GetWindowLongPtrW(list, GWL_STYLE) | WS_CLIPCHILDREN);
+    if (const LONG_PTR style = ::GetWindowLongPtrW(list, GWL_STYLE); !(style & WS_CLIPCHILDREN))
+        ::SetWindowLongPtrW(list, GWL_STYLE, style | WS_CLIPCHILDREN);
     ::SetWindowSubclass(list, ListProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
+    m_list.SetHighlight(
+        [this](int row, int column) { return row == m_row && column == m_column && !m_edit; });
 }
 
 void CVirtualGrid::SetCurrent(int row, int column) {
@@ -254,39 +257,8 @@ void CVirtualGrid::OnListClick(LPARAM point, bool edit) {
         BeginEdit();
 }
 
-LRESULT CVirtualGrid::OnCustomDraw(NMLVCUSTOMDRAW& draw) const {
-    switch (draw.nmcd.dwDrawStage) {
-    case CDDS_PREPAINT:
-        return CDRF_NOTIFYITEMDRAW;
-    case CDDS_ITEMPREPAINT:
-        // Only the current cell's row is drawn cell by cell: the others cost no notification more.
-        return static_cast<int>(draw.nmcd.dwItemSpec) == m_row ? CDRF_NOTIFYSUBITEMDRAW : CDRF_DODEFAULT;
-    case CDDS_ITEMPREPAINT | CDDS_SUBITEM: {
-        // The list keeps the colours of one cell for the next: every cell of the row gets its own.
-        const bool current =
-            static_cast<int>(draw.nmcd.dwItemSpec) == m_row && draw.iSubItem == m_column && !m_edit;
-        const bool focused = ::GetFocus() == m_list;
-        if (current) {
-            draw.clrTextBk = ::GetSysColor(focused ? COLOR_HIGHLIGHT : COLOR_BTNFACE);
-            draw.clrText = ::GetSysColor(focused ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT);
-        } else {
-            draw.clrTextBk = static_cast<COLORREF>(m_list.SendMessage(LVM_GETTEXTBKCOLOR));
-            draw.clrText = static_cast<COLORREF>(m_list.SendMessage(LVM_GETTEXTCOLOR));
-        }
-        return CDRF_NEWFONT;
-    }
-    default:
-        return CDRF_DODEFAULT;
-    }
-}
-
 bool CVirtualGrid::OnNotify(const NMHDR* header, LRESULT& result) {
-    if (m_list.OnNotify(header, result))
-        return true;
-    if (!header || header->hwndFrom != m_list.GetSafeHwnd() || header->code != NM_CUSTOMDRAW)
-        return false;
-    result = OnCustomDraw(*reinterpret_cast<NMLVCUSTOMDRAW*>(const_cast<NMHDR*>(header)));
-    return true;
+    return m_list.OnNotify(header, result);
 }
 
 LRESULT CALLBACK CVirtualGrid::ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,

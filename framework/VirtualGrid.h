@@ -58,7 +58,6 @@ private:
     static LRESULT CALLBACK EditProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
     bool OnListKey(WPARAM key);
     void OnListClick(LPARAM point, bool edit);
-    LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw) const;
     RECT CellRect(int row, int column) const;
     // Hands the edit's text to the owner and shows a refusal.
     Verdict Ask();

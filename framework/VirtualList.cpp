@@ -3,23 +3,29 @@
 #include <algorithm>
 #include <string_view>
 
-void CVirtualList::AddColumns(const std::vector<Column>& columns) const {
+void CVirtualList::AddColumns(const std::vector<Column>& columns) {
     // Each column would lay the list and its header out again.
     SendMessage(WM_SETREDRAW, FALSE);
-    for (const Column& column : columns)
-        AddColumn(column);
-    SendMessage(WM_SETREDRAW, TRUE);
-}
-
-void CVirtualList::AddColumn(const Column& added) const {
+    // Every title measured on one device context: the list view would take one per title.
     HWND header = ListView_GetHeader(m_hWnd);
     const int margins = header ? 2 * Header_GetBitmapMargin(header) : 0;
-    LVCOLUMNW column{};
-    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
-    column.fmt = LVCFMT_LEFT;
-    column.cx = std::max(added.minimumWidth, ListView_GetStringWidth(m_hWnd, added.title.c_str()) + margins);
-    column.pszText = const_cast<wchar_t*>(added.title.c_str());
-    SendMessage(LVM_INSERTCOLUMNW, static_cast<WPARAM>(ColumnCount()), reinterpret_cast<LPARAM>(&column));
+    HDC dc = ::GetDC(m_hWnd);
+    const HGDIOBJ oldFont = ::SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessage(WM_GETFONT)));
+    for (const Column& added : columns) {
+        SIZE title{};
+        ::GetTextExtentPoint32W(dc, added.title.c_str(), static_cast<int>(added.title.size()), &title);
+        LVCOLUMNW column{};
+        column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
+        column.fmt = LVCFMT_LEFT;
+        column.cx = std::max(added.minimumWidth, static_cast<int>(title.cx) + margins);
+        column.pszText = const_cast<wchar_t*>(added.title.c_str());
+        SendMessage(LVM_INSERTCOLUMNW, static_cast<WPARAM>(ColumnCount()), reinterpret_cast<LPARAM>(&column));
+    }
+    ::SelectObject(dc, oldFont);
+    ::ReleaseDC(m_hWnd, dc);
+    SendMessage(WM_SETREDRAW, TRUE);
+    if (IsWindowVisible())
+        DrawStrip();
 }
 
 int CVirtualList::ColumnCount() const {
@@ -37,9 +43,9 @@ void CVirtualList::SetRowCount(int rows) const {
 }
 
 void CVirtualList::SettleLayout() const {
-    // Wine's list measures its rows and adds its scroll bar at its first paint: on a shown page
-    // that lays the list and its header out again and paints them twice. A paint into an empty
-    // clip does the measuring now, while nothing shows; elsewhere it draws nothing.
+    // Wine's list made hidden measures its rows and adds its scroll bar only at its own first paint,
+    // which this list never asks for (it draws its rows itself). A paint into an empty clip does the
+    // measuring; elsewhere it draws nothing.
     HDC dc = ::CreateCompatibleDC(nullptr);
     if (!dc)
         return;

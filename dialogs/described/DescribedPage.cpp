@@ -62,7 +62,11 @@ WindowKind KindOf(Role role, const Field* field) {
     case Role::Control:
         break;
     case Role::Grid:
-        return {WC_LISTVIEWW, LVS_REPORT | LVS_OWNERDATA | LVS_NOSORTHEADER | WS_TABSTOP, WS_EX_CLIENTEDGE};
+        // Made as its grid takes it: the grid draws the titles, and its edit lies over the cells.
+        return {WC_LISTVIEWW,
+                LVS_REPORT | LVS_OWNERDATA | LVS_NOSORTHEADER | LVS_NOCOLUMNHEADER | WS_CLIPCHILDREN |
+                    WS_TABSTOP,
+                WS_EX_CLIENTEDGE};
     default: // a field's texts take the pointer, for its help
         return {L"STATIC", SS_LEFT | SS_NOPREFIX | (field && !field->help.text.empty() ? SS_NOTIFY : 0u)};
     }
