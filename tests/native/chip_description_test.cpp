@@ -302,6 +302,9 @@ TEST(ChipDescription, EveryCodingKeepsEveryValueAndNoOtherBit) {
     std::array<std::uint8_t, 16> block{};
     WriteValue(forced, block, 0, 0);
     EXPECT_EQ(block[2], 0x80);
+    // What an operator types into a hex control: either case, no other letter.
+    EXPECT_EQ(ParseHex(L"aF", 2), 0xAFu);
+    EXPECT_EQ(ParseHex(L"g", 2), std::nullopt);
 }
 
 TEST(ChipDescription, ItemsWithGapsAreStoredByTheirValueAndAValueNoItemNamesShowsAsItsNumber) {
