@@ -74,7 +74,11 @@ TEST(PackedTable, ATableThatFitsReachesTheChipAsItsCompressedBytesAndOneThatDoes
     chip.functionTable.entries[200] = nullptr;
     EXPECT_EQ(SendTable(chip, Table16(4), "1 2 # 3\n65536\n").problem.line, 2);
     EXPECT_EQ(SendTable(chip, Table16(4), "1 2\n\n3 4 5").problem.line, 3);
-    EXPECT_EQ(SendTable(chip, Table16(4), "1, 0x2, 3\n0X4\n").kind, TableOutcome::Kind::NotOffered);
+    EXPECT_EQ(SendTable(chip, Table16(4),
+                        "\xEF\xBB\xBF"
+                        "1, 0x2, 3\n0X4\n")
+                  .kind,
+              TableOutcome::Kind::NotOffered);
     EXPECT_EQ(chip.CallNames(), (std::vector<std::string>{"GetFunctionTable"}));
 }
 
