@@ -79,6 +79,8 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {replace("items = IDS_A", "items = Mode_A"), 16, ErrorCode::UnknownStringId},
         {replace("items = IDS_A \"B\"", "items = 1 IDS_A, 1 \"B\""), 16, ErrorCode::DuplicateKey},
         {replace("items = IDS_A \"B\"", "items = 1 IDS_A, 0"), 16, ErrorCode::BadValue},
+        {good + "[field c]\nlabel = \"C\"\nbits = 9[1:0]\nsigned = twos-complement\ncontrol = check\n", 19,
+         ErrorCode::RangeDoesNotFit}, // a check holds 0 and 1, not -2..1
         // Shown, never written: no slider, and nothing that writes it.
         {replace("control = slider", "control = slider\naccess = read-only"), 10, ErrorCode::BadValue},
         {replace("control = combo", "control = combo\naccess = read-only\non-fill = rewrite"), 17,

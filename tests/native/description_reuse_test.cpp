@@ -39,8 +39,8 @@ TEST(WideFields, SignedAnd32BitValuesAreTheBytesWorkedOutByHand) {
     block[7] = 0x03;
     EXPECT_EQ(ReadValue(d.fields.at(3), block, 0), -1) << "two bits are the smallest signed field";
     EXPECT_EQ((std::vector<Value>{count.minimum, count.maximum, trim.minimum, trim.maximum, black.minimum,
-                                  black.maximum}),
-              (std::vector<Value>{0, 4294967295, -128, 127, -2047, 2047}));
+                                  black.maximum, d.fields.at(3).minimum, d.fields.at(3).maximum}),
+              (std::vector<Value>{0, 4294967295, -128, 127, -2047, 2047, -2, 1}));
 }
 
 TEST(Reuse, CopiesAndRepeatsLieWhereTheirOffsetsPutThem) {

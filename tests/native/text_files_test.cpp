@@ -139,12 +139,17 @@ TEST(LanguageSelection, EveryIndexOfTheHostPicksItsFilePairAndOthersGetEnglish) 
 
 // A description saved by an editor that puts a byte-order mark first reads as without one, and its
 // numbers may be written in hexadecimal with either case of prefix.
+TEST(Translate, APlaceholderIsFilledOnceEvenWithAValueThatNamesIt) {
+    EXPECT_EQ(ReplaceAll(L"{detail} or {detail}", L"{detail}", L"\"{detail}\""),
+              L"\"{detail}\" or \"{detail}\"");
+}
+
 TEST(DescriptionText, AByteOrderMarkIsSkippedAndHexadecimalTakesEitherPrefix) {
     const std::string page =
         "[page]\nclass = CRegvaneTextTest\n[field gain]\nlabel = \"Gain\"\nbits = 2[5:0]\n"
         "control = slider\ndefault = ";
-    for (const std::string& text :
-         {page + "0X2B", "\xEF\xBB\xBF" + page + "0x2b", page + "43\nrange = 0..50"}) {
+    for (const std::string& text : {page + "0X2B", "\xEF\xBB\xBF" + page + "0x2b",
+                                    page + "43\nrange = 0..50\nhelp = \"\xF0\x9F\x98\x80\""}) {
         const chipdesc::ParseResult result = chipdesc::Parse(text, [](std::string_view) { return true; });
         const auto* description = std::get_if<chipdesc::Description>(&result);
         ASSERT_NE(description, nullptr) << std::get<chipdesc::ParseError>(result).line;
