@@ -79,6 +79,8 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {replace("items = IDS_A", "items = Mode_A"), 16, ErrorCode::UnknownStringId},
         {replace("items = IDS_A \"B\"", "items = 1 IDS_A, 1 \"B\""), 16, ErrorCode::DuplicateKey},
         {replace("items = IDS_A \"B\"", "items = 1 IDS_A, 0"), 16, ErrorCode::BadValue},
+        {replace("bits = 8[0]", "bits = 8[0]\ncoding = xor -1"), 14, ErrorCode::BadValue}, // bits to flip
+        {replace("[field mode]", "[field mode.1]"), 11, ErrorCode::BadValue}, // the name of a grid's cell
         {good + "[field c]\nlabel = \"C\"\nbits = 9[1:0]\nsigned = twos-complement\ncontrol = check\n", 19,
          ErrorCode::RangeDoesNotFit}, // a check holds 0 and 1, not -2..1
         // Shown, never written: no slider, and nothing that writes it.
@@ -447,6 +449,13 @@ TEST(ChipDescription, TheLayoutGivesEveryTextItsRoomAndNoTwoControlsOverlap) {
                 window.role == Role::DefaultButton) {
                 EXPECT_GE(window.rect.Width(), texts.measure(window.text)) << window.text.size();
             }
+            if (window.role == Role::Control &&
+                description.fields[static_cast<std::size_t>(window.field)].control == Control::Combo)
+                for (const Item& item : description.fields[static_cast<std::size_t>(window.field)].items)
+                    EXPECT_GE(window.rect.Width(), texts.measure(ItemText(item, texts)));
+            // In columns, OK and Cancel stay at the right.
+            if (window.role == Role::OkButton)
+                EXPECT_GT(window.rect.left, plan.width - plan.width / flowed.columns);
             EXPECT_LE(window.rect.right, plan.width);
             EXPECT_LE(window.role == Role::Control ? window.rect.top : window.rect.bottom, plan.height);
             if (window.role != Role::GroupBox)
