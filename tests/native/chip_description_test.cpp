@@ -146,6 +146,9 @@ TEST(ChipDescription, EveryBadDescriptionIsRefusedAtItsLineWithItsReason) {
         {button("reread\nid = 7\n[button c]\nlabel = IDS_C\naction = reread\nid = 7"), 24,
          ErrorCode::DuplicateId},
         {button("reread\n[button b]"), 20, ErrorCode::DuplicateKey},
+        {version2 + "[table t]\nlabel = \"T\"\nvalues = 16\ncount = 4\nfunction = 1 200\nid = 7\n[button c]\n"
+                    "label = IDS_C\naction = reread\nid = 7\n",
+         27, ErrorCode::DuplicateId}, // a table's id is the page's like any other
         {std::string(kGoodPage) + "[button b]\nlabel = IDS_B\n", 17, ErrorCode::MissingKey},
     };
     for (const auto& bad : cases) {
