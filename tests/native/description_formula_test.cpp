@@ -50,6 +50,7 @@ TEST(DescriptionFormula, ReadoutsShowWhatTheFormulaGivesRoundedToTheFormat) {
     // A division by zero at run time shows "-", whatever the format.
     EXPECT_EQ(Shown(R"("%.2f%%" 100 / (value - 3))", 3), L"-");
     EXPECT_EQ(Shown(R"("%d" value % level)", 3, 0), L"-");
+    EXPECT_EQ(Shown(R"("%d" value % level)", 3, 1), L"0");
 
     // Conditions: 1 or 0, exact for 32-bit values; an and/or one side settles stays settled.
     EXPECT_EQ(Exact("0xFFFFFFFF % 7"), 3.0);

@@ -18,7 +18,7 @@ bits = 1[3:0]
 control = slider
 ids = 102
 
-[field zoom]
+[field zoom0]
 label = "Zoom"
 record = record-a
 bits = 4[7:0]
@@ -52,7 +52,7 @@ protected:
 
 TEST_F(RegisterText, IsKeptCurrentAndAGoodTextIsWrittenARecordAtATimeAndUndoneByCancel) {
     const std::wstring shown = L"class CRegvaneTextTest\r\nblock 1: 07 00000111 delay\r\n"
-                               L"record-a 4: 3C 00111100 zoom";
+                               L"record-a 4: 3C 00111100 zoom0";
     EXPECT_EQ(ItemText(page, kText), shown);
     Click(page, kCopy); // pasted back below
     const auto block = chip.regData;
@@ -62,7 +62,7 @@ TEST_F(RegisterText, IsKeptCurrentAndAGoodTextIsWrittenARecordAtATimeAndUndoneBy
     EXPECT_NE(ItemText(page, kText).find(L"block 1: 09 00001001 delay\r\n"), std::wstring::npos);
     chip.regDataEx[4] = 0x55; // the host changed the chip and has it read again
     SendMessageW(page, 0x0903, 0, 0);
-    EXPECT_NE(ItemText(page, kText).find(L"record-a 4: 55 01010101 zoom"), std::wstring::npos);
+    EXPECT_NE(ItemText(page, kText).find(L"record-a 4: 55 01010101 zoom0"), std::wstring::npos);
 
     // The copied text puts back what it showed: the block (record A still differs), then record A.
     chip.ClearLog();
@@ -74,7 +74,7 @@ TEST_F(RegisterText, IsKeptCurrentAndAGoodTextIsWrittenARecordAtATimeAndUndoneBy
 
     // Spacing and case as a mail leaves them; only some registers.
     SetClipboard(
-        L"\r\n  class CRegvaneTextTest\n block 1:\t0a   00001010 delay  \nrecord-a 4: c3 11000011 zoom");
+        L"\r\n  class CRegvaneTextTest\n block 1:\t0a   00001010 delay  \nrecord-a 4: c3 11000011 zoom0");
     Click(page, kPaste);
     EXPECT_EQ(chip.regData[1], 0x0A);
     EXPECT_EQ(chip.regDataEx[4], 0xC3);
