@@ -206,7 +206,7 @@ private:
     void CompleteChangeTest();
     // The page's buttons (DescriptionButtons.cpp): a section header, then what each asks for.
     bool ButtonHeader(int number, std::string_view name);
-    bool FinishButtons();
+    void FinishButtons();
     bool FinishButton(ButtonDraft& draft);
     // The page's grids (DescriptionGrids.cpp): a section header, the columns that name each grid,
     // then a field per cell in place of each column.
@@ -218,7 +218,7 @@ private:
     bool ExpandGrid(GridDraft& draft, std::vector<FieldDraft>& cells);
     // The page's rules (DescriptionRules.cpp).
     bool RuleHeader(int number, std::string_view name);
-    bool FinishRules();
+    void FinishRules();
     bool FinishRule(RuleDraft& draft);
 
     // The register text and the tables (DescriptionSections.cpp).

@@ -85,11 +85,10 @@ bool Parser::ButtonHeader(int number, std::string_view name) {
 
 // Each button says what it does, and the page has what that needs; every button is looked at, so
 // that each one's problem can be told.
-bool Parser::FinishButtons() {
-    bool usable = true;
+void Parser::FinishButtons() {
     for (ButtonDraft& draft : m_buttons)
-        usable = !draft.broken && FinishButton(draft) && usable;
-    return usable;
+        if (!draft.broken)
+            FinishButton(draft);
 }
 
 bool Parser::FinishButton(ButtonDraft& draft) {

@@ -79,11 +79,10 @@ bool Parser::RuleHeader(int number, std::string_view name) {
 }
 
 // A check names fields of one value that the page shows: the values the operator sets and sees.
-bool Parser::FinishRules() {
+void Parser::FinishRules() {
     for (RuleDraft& draft : m_rules)
         if (!draft.broken && FinishRule(draft))
             m_description.rules.push_back(std::move(draft.rule));
-    return true;
 }
 
 bool Parser::FinishRule(RuleDraft& draft) {

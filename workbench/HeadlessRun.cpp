@@ -422,21 +422,19 @@ int CheckLabels(const WorkbenchOptions& options, HostModule& module, SimulatedHo
         const std::string languageName = Utf8(LanguageDisplayName(language));
         for (const PageToCheck& page : pages) {
             const CatalogEntry& entry = *page.entry;
+            const std::string name =
+                languageName + ": page " + EntryLabel(entry) + " (" + entry.className +
+                (page.registerKind ? ", register kind " + std::to_string(page.registerKind) : "") + ")";
             if (!session
                      .Open(entry.chipType, entry.subType, frame.RoomForPage(), nullptr, true,
                            page.registerKind)
                      .hasPage) {
-                std::printf("%s: page %s (%s) did not open\n", languageName.c_str(),
-                            EntryLabel(entry).c_str(), entry.className.c_str());
+                std::printf("%s did not open\n", name.c_str());
                 ++unopened;
                 continue;
             }
             for (const std::string& misfit : PageMisfits(session.Page())) {
-                std::printf(
-                    "%s: page %s (%s%s), %s\n", languageName.c_str(), EntryLabel(entry).c_str(),
-                    entry.className.c_str(),
-                    page.registerKind ? (", register kind " + std::to_string(page.registerKind)).c_str() : "",
-                    misfit.c_str());
+                std::printf("%s, %s\n", name.c_str(), misfit.c_str());
                 ++misfits;
             }
         }

@@ -1,5 +1,6 @@
 #include "workbench/LabelFit.h"
 
+#include "framework/Wnd.h"
 #include "module/LanguageSelection.h"
 #include "workbench/Win32Text.h"
 
@@ -204,9 +205,7 @@ std::string ControlMisfits(HWND control) {
     } else {
         return {};
     }
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
-    text.resize(
-        static_cast<std::size_t>(GetWindowTextW(control, text.data(), static_cast<int>(text.size()))));
+    const std::wstring text = CWnd(control).GetWindowText();
     return text.empty() ? std::string() : Misfit(dc, text, format, room);
 }
 
