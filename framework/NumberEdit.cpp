@@ -1,6 +1,7 @@
 #include "framework/NumberEdit.h"
 
 #include "framework/ModuleInstance.h"
+#include "framework/Subclass.h"
 
 #include <commctrl.h>
 
@@ -41,7 +42,7 @@ bool CNumberEdit::SubclassWindow(HWND edit) {
     Attach(edit);
     // The value first: the edit's own procedure answers faster before the hook is in place.
     ShowValue();
-    ::SetWindowSubclass(edit, EditProc, reinterpret_cast<UINT_PTR>(this), reinterpret_cast<DWORD_PTR>(this));
+    AddSubclass(edit, EditProc, reinterpret_cast<UINT_PTR>(this), reinterpret_cast<DWORD_PTR>(this));
     m_parent = ::GetParent(edit);
     if (m_spinWanted)
         CreateSpin();
@@ -183,7 +184,7 @@ void CNumberEdit::CreateSpin() {
     ::SendMessageW(m_spin, UDM_SETPOS32, 0, kSpinRest);
     std::vector<CNumberEdit*>& edits = SpinEditsOf()[m_parent];
     if (edits.empty())
-        ::SetWindowSubclass(m_parent, ParentProc, kParentSubclassId, 0);
+        AddSubclass(m_parent, ParentProc, kParentSubclassId, 0);
     edits.push_back(this);
 }
 
@@ -195,14 +196,14 @@ void CNumberEdit::LeaveParent() {
     edits.erase(std::remove(edits.begin(), edits.end(), this), edits.end());
     if (edits.empty()) {
         if (::IsWindow(m_parent))
-            ::RemoveWindowSubclass(m_parent, ParentProc, kParentSubclassId);
+            RemoveSubclass(m_parent, ParentProc, kParentSubclassId);
         SpinEditsOf().erase(found);
     }
 }
 
 void CNumberEdit::Release() {
     if (m_hWnd && ::IsWindow(m_hWnd))
-        ::RemoveWindowSubclass(m_hWnd, EditProc, reinterpret_cast<UINT_PTR>(this));
+        RemoveSubclass(m_hWnd, EditProc, reinterpret_cast<UINT_PTR>(this));
     if (m_parent)
         LeaveParent();
     Detach();
@@ -215,14 +216,14 @@ LRESULT CALLBACK CNumberEdit::EditProc(HWND window, UINT message, WPARAM wParam,
     auto* self = reinterpret_cast<CNumberEdit*>(data);
     switch (message) {
     case WM_KILLFOCUS: {
-        const LRESULT result = ::DefSubclassProc(window, message, wParam, lParam);
+        const LRESULT result = NextSubclass(window, message, wParam, lParam);
         self->CommitText();
         return result;
     }
     case WM_GETDLGCODE: {
         // Enter belongs to the edit (it commits the value), not to the dialog's default button.
         const auto* msg = reinterpret_cast<const MSG*>(lParam);
-        LRESULT code = ::DefSubclassProc(window, message, wParam, lParam);
+        LRESULT code = NextSubclass(window, message, wParam, lParam);
         if (msg && msg->message == WM_KEYDOWN && msg->wParam == VK_RETURN)
             code |= DLGC_WANTALLKEYS;
         return code;
@@ -264,7 +265,7 @@ LRESULT CALLBACK CNumberEdit::EditProc(HWND window, UINT message, WPARAM wParam,
     default:
         break;
     }
-    return ::DefSubclassProc(window, message, wParam, lParam);
+    return NextSubclass(window, message, wParam, lParam);
 }
 
 LRESULT CALLBACK CNumberEdit::ParentProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
@@ -288,7 +289,7 @@ LRESULT CALLBACK CNumberEdit::ParentProc(HWND window, UINT message, WPARAM wPara
         }
     }
     if (message == WM_NCDESTROY) {
-        ::RemoveWindowSubclass(window, ParentProc, kParentSubclassId);
+        RemoveSubclass(window, ParentProc, kParentSubclassId);
         if (const auto found = SpinEditsOf().find(window); found != SpinEditsOf().end()) {
             for (CNumberEdit* edit : found->second) {
                 edit->m_parent = nullptr;
@@ -297,7 +298,7 @@ LRESULT CALLBACK CNumberEdit::ParentProc(HWND window, UINT message, WPARAM wPara
             SpinEditsOf().erase(found);
         }
     }
-    return ::DefSubclassProc(window, message, wParam, lParam);
+    return NextSubclass(window, message, wParam, lParam);
 }
 
 void DDX_Control(CDataExchange* dx, int id, CNumberEdit& edit) {

@@ -1,4 +1,5 @@
 #include "framework/VirtualGrid.h"
+#include "framework/Subclass.h"
 
 #include <commctrl.h>
 #include <windowsx.h>
@@ -19,7 +20,7 @@ HINSTANCE InstanceOf(HWND window) {
 // (Enter would press the default button, Escape cancel the dialog).
 LRESULT DialogCode(HWND control, WPARAM wParam, LPARAM lParam, LRESULT more,
                    std::initializer_list<WPARAM> wanted) {
-    LRESULT code = ::DefSubclassProc(control, WM_GETDLGCODE, wParam, lParam) | more;
+    LRESULT code = NextSubclass(control, WM_GETDLGCODE, wParam, lParam) | more;
     const auto* msg = reinterpret_cast<const MSG*>(lParam);
     if (msg && msg->message == WM_KEYDOWN &&
         std::find(wanted.begin(), wanted.end(), msg->wParam) != wanted.end())
@@ -35,7 +36,7 @@ CVirtualGrid::CVirtualGrid(CVirtualList::CellText cellText, CommitCell commit)
 CVirtualGrid::~CVirtualGrid() {
     HWND list = m_list.GetSafeHwnd();
     if (list && ::IsWindow(list)) {
-        ::RemoveWindowSubclass(list, ListProc, kSubclassId);
+        RemoveSubclass(list, ListProc, kSubclassId);
         if (m_edit)
             ::DestroyWindow(m_edit);
     }
@@ -49,7 +50,7 @@ void CVirtualGrid::Attach(HWND list, int fixedColumns) {
     // The edit lies over the cells: the list's own drawing must leave it alone.
     if (const LONG_PTR style = ::GetWindowLongPtrW(list, GWL_STYLE); !(style & WS_CLIPCHILDREN))
         ::SetWindowLongPtrW(list, GWL_STYLE, style | WS_CLIPCHILDREN);
-    ::SetWindowSubclass(list, ListProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
+    AddSubclass(list, ListProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
     m_list.SetHighlight(
         [this](int row, int column) { return row == m_row && column == m_column && !m_edit; });
 }
@@ -106,7 +107,7 @@ bool CVirtualGrid::BeginEdit(const std::wstring* typed) {
     if (!m_edit)
         return false;
     ::SendMessageW(m_edit, WM_SETFONT, static_cast<WPARAM>(m_list.SendMessage(WM_GETFONT)), FALSE);
-    ::SetWindowSubclass(m_edit, EditProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
+    AddSubclass(m_edit, EditProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
     const auto end = static_cast<LPARAM>(text.size());
     ::SendMessageW(m_edit, EM_SETSEL, typed ? static_cast<WPARAM>(end) : 0, typed ? end : -1);
     ::SetFocus(m_edit);
@@ -303,7 +304,7 @@ LRESULT CALLBACK CVirtualGrid::ListProc(HWND list, UINT message, WPARAM wParam, 
             break;
         case WM_SETFOCUS:
         case WM_KILLFOCUS: {
-            const LRESULT result = ::DefSubclassProc(list, message, wParam, lParam);
+            const LRESULT result = NextSubclass(list, message, wParam, lParam);
             grid.RedrawRow(grid.m_row);
             return result;
         }
@@ -322,14 +323,14 @@ LRESULT CALLBACK CVirtualGrid::ListProc(HWND list, UINT message, WPARAM wParam, 
             grid.m_ending = false;
             break;
         case WM_NCDESTROY:
-            ::RemoveWindowSubclass(list, ListProc, kSubclassId);
+            RemoveSubclass(list, ListProc, kSubclassId);
             break;
         default:
             break;
         }
     } catch (...) {
     }
-    return ::DefSubclassProc(list, message, wParam, lParam);
+    return NextSubclass(list, message, wParam, lParam);
 }
 
 LRESULT CALLBACK CVirtualGrid::EditProc(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
@@ -356,7 +357,7 @@ LRESULT CALLBACK CVirtualGrid::EditProc(HWND edit, UINT message, WPARAM wParam, 
                 return 0; // handled as keys; the edit would beep
             break;
         case WM_KILLFOCUS: {
-            const LRESULT result = ::DefSubclassProc(edit, message, wParam, lParam);
+            const LRESULT result = NextSubclass(edit, message, wParam, lParam);
             // Leaving the edit commits; a refused text leaves the cell as it was and says why.
             if (!grid.m_ending && grid.m_edit == edit) {
                 grid.Ask();
@@ -365,12 +366,12 @@ LRESULT CALLBACK CVirtualGrid::EditProc(HWND edit, UINT message, WPARAM wParam, 
             return result;
         }
         case WM_NCDESTROY:
-            ::RemoveWindowSubclass(edit, EditProc, kSubclassId);
+            RemoveSubclass(edit, EditProc, kSubclassId);
             break;
         default:
             break;
         }
     } catch (...) {
     }
-    return ::DefSubclassProc(edit, message, wParam, lParam);
+    return NextSubclass(edit, message, wParam, lParam);
 }

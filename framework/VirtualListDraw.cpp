@@ -2,6 +2,7 @@
 // cost more to draw than the whole page around them; a line of text per cell costs little. The titles
 // lie in a strip of the list's frame above the rows, the list view's header hidden, so the list view
 // still places, selects, scrolls and hit-tests the rows as before.
+#include "framework/Subclass.h"
 #include "framework/VirtualList.h"
 
 #include <algorithm>
@@ -37,7 +38,7 @@ void Fill(HDC dc, const RECT& area, COLORREF colour) {
 
 CVirtualList::~CVirtualList() {
     if (m_hWnd && ::IsWindow(m_hWnd))
-        ::RemoveWindowSubclass(m_hWnd, DrawProc, kDrawSubclass);
+        RemoveSubclass(m_hWnd, DrawProc, kDrawSubclass);
 }
 
 void CVirtualList::Attach(HWND list) {
@@ -47,7 +48,7 @@ void CVirtualList::Attach(HWND list) {
     // A list made without its header saves the list view laying itself out again.
     if (const LONG_PTR style = ::GetWindowLongPtrW(list, GWL_STYLE); !(style & LVS_NOCOLUMNHEADER))
         ::SetWindowLongPtrW(list, GWL_STYLE, style | LVS_NOCOLUMNHEADER);
-    ::SetWindowSubclass(list, DrawProc, kDrawSubclass, reinterpret_cast<DWORD_PTR>(this));
+    AddSubclass(list, DrawProc, kDrawSubclass, reinterpret_cast<DWORD_PTR>(this));
     FitStrip();
 }
 
@@ -202,14 +203,14 @@ LRESULT CALLBACK CVirtualList::DrawProc(HWND list, UINT message, WPARAM wParam, 
     try {
         switch (message) {
         case WM_NCCALCSIZE: {
-            const LRESULT result = ::DefSubclassProc(list, message, wParam, lParam);
+            const LRESULT result = NextSubclass(list, message, wParam, lParam);
             RECT& client = wParam ? reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam)->rgrc[0]
                                   : *reinterpret_cast<RECT*>(lParam);
             client.top = std::min(client.top + self.m_stripHeight, client.bottom);
             return result;
         }
         case WM_NCPAINT: {
-            const LRESULT result = ::DefSubclassProc(list, message, wParam, lParam);
+            const LRESULT result = NextSubclass(list, message, wParam, lParam);
             self.DrawStrip();
             return result;
         }
@@ -231,7 +232,7 @@ LRESULT CALLBACK CVirtualList::DrawProc(HWND list, UINT message, WPARAM wParam, 
         case WM_SETFOCUS:
         case WM_KILLFOCUS: {
             // The selection's colours and the focus rectangle follow the focus.
-            const LRESULT result = ::DefSubclassProc(list, message, wParam, lParam);
+            const LRESULT result = NextSubclass(list, message, wParam, lParam);
             // The rows these lists select are one at most.
             for (const UINT rows : {LVNI_FOCUSED, LVNI_SELECTED})
                 if (const int row = ListView_GetNextItem(list, -1, rows); row >= 0)
@@ -239,23 +240,23 @@ LRESULT CALLBACK CVirtualList::DrawProc(HWND list, UINT message, WPARAM wParam, 
             return result;
         }
         case WM_ENABLE: {
-            const LRESULT result = ::DefSubclassProc(list, message, wParam, lParam);
+            const LRESULT result = NextSubclass(list, message, wParam, lParam);
             ::InvalidateRect(list, nullptr, FALSE);
             self.DrawStrip();
             return result;
         }
         case WM_SETFONT: {
-            const LRESULT result = ::DefSubclassProc(list, message, wParam, lParam);
+            const LRESULT result = NextSubclass(list, message, wParam, lParam);
             self.FitStrip();
             return result;
         }
         case WM_NCDESTROY:
-            ::RemoveWindowSubclass(list, DrawProc, kDrawSubclass);
+            RemoveSubclass(list, DrawProc, kDrawSubclass);
             break;
         default:
             break;
         }
     } catch (...) {
     }
-    return ::DefSubclassProc(list, message, wParam, lParam);
+    return NextSubclass(list, message, wParam, lParam);
 }
