@@ -4,7 +4,8 @@
 #include <string_view>
 
 void CVirtualList::AddColumns(const std::vector<Column>& columns) {
-    // Each column would lay the list and its header out again.
+    // Each column would lay the list and its header out again. A hidden list is laid out once, with
+    // its rows (SetRowCount): switching its drawing back on costs more than the columns.
     SendMessage(WM_SETREDRAW, FALSE);
     // Every title measured on one device context: the list view would take one per title.
     HWND header = ListView_GetHeader(m_hWnd);
@@ -23,9 +24,9 @@ void CVirtualList::AddColumns(const std::vector<Column>& columns) {
     }
     ::SelectObject(dc, oldFont);
     ::ReleaseDC(m_hWnd, dc);
-    SendMessage(WM_SETREDRAW, TRUE);
+    m_layoutPending = true;
     if (IsWindowVisible())
-        DrawStrip();
+        FinishLayout();
 }
 
 int CVirtualList::ColumnCount() const {
@@ -33,13 +34,30 @@ int CVirtualList::ColumnCount() const {
     return header ? Header_GetItemCount(header) : 0;
 }
 
-void CVirtualList::SetRowCount(int rows) const {
+void CVirtualList::SetRowCount(int rows) {
     // A new count lays the list out again and redraws its scroll bar: only when it changes.
-    if (rows == RowCount())
-        return;
-    SendMessage(LVM_SETITEMCOUNT, static_cast<WPARAM>(std::max(rows, 0)), LVSICF_NOSCROLL);
-    if (!IsWindowVisible())
+    const bool changed = std::max(rows, 0) != RowCount();
+    if (changed)
+        SendMessage(LVM_SETITEMCOUNT, static_cast<WPARAM>(std::max(rows, 0)), LVSICF_NOSCROLL);
+    if (changed || m_layoutPending)
+        FinishLayout();
+}
+
+void CVirtualList::FinishLayout() {
+    if (m_layoutPending) {
+        m_layoutPending = false;
+        SendMessage(WM_SETREDRAW, TRUE);
+    }
+    const bool shown = IsWindowVisible();
+    if (!shown)
         SettleLayout();
+    // The strip takes its place in the frame when the frame is next worked out: a list whose rows
+    // brought no scroll bar just now has not had that happen yet.
+    if (m_framePending)
+        ::SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0,
+                       SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    if (shown)
+        DrawStrip();
 }
 
 void CVirtualList::SettleLayout() const {

@@ -1,8 +1,9 @@
 // A report-view list that holds no rows of its own: it asks for the text of each cell it draws, so
 // filling and refreshing it cost the same for 16 rows as for 4,096. It draws its rows and column
 // titles itself (VirtualListDraw.cpp); the list view keeps selecting, scrolling and the keyboard. The
-// list view is created with LVS_REPORT | LVS_OWNERDATA (a style that cannot be added later), and its
-// parent hands its WM_NOTIFY messages to OnNotify.
+// list view is created with LVS_REPORT | LVS_OWNERDATA (a style that cannot be added later), best with
+// LVS_NOCOLUMNHEADER too, and its parent hands its WM_NOTIFY messages to OnNotify. A hidden list is laid
+// out once, when SetRowCount follows AddColumns.
 //
 //   CVirtualList m_list{[this](int row, int column, std::wstring& text) { text = ...; }};
 //   m_list.Attach(GetItem(kListId));  m_list.AddColumns({{L"Addr", 72}, ...});  m_list.SetRowCount(rows);
@@ -41,8 +42,9 @@ public:
     void AddColumns(const std::vector<Column>& columns);
     int ColumnCount() const;
 
-    // Selection, focus and scroll position stay where the rows they are on still exist.
-    void SetRowCount(int rows) const;
+    // Selection, focus and scroll position stay where the rows they are on still exist. Also lays out
+    // a hidden list whose columns were added since.
+    void SetRowCount(int rows);
     int RowCount() const;
     // Draws the rows in view again with their current texts; nothing is rebuilt. A hidden list
     // has nothing to redraw.
@@ -56,6 +58,7 @@ public:
     const std::wstring& Text(int row, int column);
 
 private:
+    void FinishLayout();
     void SettleLayout() const;
     int FindRow(const NMLVFINDITEMW& find);
 
@@ -72,5 +75,7 @@ private:
     std::wstring m_text;
     std::function<bool(int, int)> m_highlight;
     int m_stripHeight = 0;
-    int m_stripOrigin = 0; // where the first column started when the titles were drawn
+    bool m_framePending = false;  // the strip is not yet part of the frame
+    bool m_layoutPending = false; // columns were added with the list view's drawing off
+    int m_stripOrigin = 0;        // where the first column started when the titles were drawn
 };

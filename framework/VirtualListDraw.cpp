@@ -1,7 +1,9 @@
 // The list draws its rows and its column titles itself. Under Wine a list view's own header and rows
 // cost more to draw than the whole page around them; a line of text per cell costs little. The titles
 // lie in a strip of the list's frame above the rows, the list view's header hidden, so the list view
-// still places, selects, scrolls and hit-tests the rows as before.
+// still places, selects, scrolls and hit-tests the rows as before. The rest of the frame (border and
+// scroll bar) is copied from the last one the system drew alike, where it drew one.
+#include "framework/FrameCache.h"
 #include "framework/Subclass.h"
 #include "framework/VirtualList.h"
 
@@ -61,8 +63,11 @@ void CVirtualList::FitStrip() {
     ::ReleaseDC(m_hWnd, dc);
     // As tall as the list view's own header with the same font.
     m_stripHeight = metrics.tmHeight + 3 * ::GetSystemMetrics(SM_CYEDGE);
-    ::SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0,
-                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    // A hidden list takes the strip when its rows are laid out, often with its scroll bar.
+    m_framePending = true;
+    if (IsWindowVisible())
+        ::SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0,
+                       SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
 }
 
 int CVirtualList::Margin() const {
@@ -207,13 +212,23 @@ LRESULT CALLBACK CVirtualList::DrawProc(HWND list, UINT message, WPARAM wParam, 
             RECT& client = wParam ? reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam)->rgrc[0]
                                   : *reinterpret_cast<RECT*>(lParam);
             client.top = std::min(client.top + self.m_stripHeight, client.bottom);
+            self.m_framePending = false;
             return result;
         }
         case WM_NCPAINT: {
-            const LRESULT result = NextSubclass(list, message, wParam, lParam);
+            LRESULT result = 0;
+            if (!DrawKeptFrame(list)) {
+                result = NextSubclass(list, message, wParam, lParam);
+                KeepFrame(list, wParam);
+            }
             self.DrawStrip();
             return result;
         }
+        case WM_THEMECHANGED:
+        case WM_SYSCOLORCHANGE:
+        case WM_SETTINGCHANGE:
+            ForgetKeptFrames();
+            break;
         case WM_ERASEBKGND:
             return 1; // the rows' drawing fills every pixel
         case WM_PAINT: {
@@ -223,6 +238,8 @@ LRESULT CALLBACK CVirtualList::DrawProc(HWND list, UINT message, WPARAM wParam, 
                 self.DrawRows(reinterpret_cast<HDC>(wParam), client);
                 return 0;
             }
+            if (self.m_layoutPending || self.m_framePending)
+                self.FinishLayout(); // columns added to a hidden list that then showed with no rows set
             PAINTSTRUCT paint{};
             HDC dc = ::BeginPaint(list, &paint);
             self.DrawRows(dc, paint.rcPaint);

@@ -1,6 +1,7 @@
 // The virtual list and the grid on it in-process, on a plain window: what they show and ask for, how
 // the operator finds and keeps a row, and moves through and edits a made-up grid of byte cells behind
 // a name column, each cell taking a decimal or 0x number up to 255.
+#include "framework/FrameCache.h"
 #include "framework/VirtualGrid.h"
 #include "framework/VirtualList.h"
 
@@ -114,6 +115,63 @@ TEST_F(VirtualList, TypingFindsARowAndARefreshKeepsTheSelectionAndScrolling) {
 
     list.SetRowCount(50);
     EXPECT_EQ(Selected(), -1) << "the selected row is gone";
+}
+
+// The frame right of the rows (the scroll bar), every third line of it, as the screen shows it.
+std::vector<COLORREF> BarPixels(HWND window) {
+    RECT outer{}, client{};
+    GetWindowRect(window, &outer);
+    GetClientRect(window, &client);
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&client), 2);
+    std::vector<COLORREF> pixels;
+    HDC dc = GetWindowDC(window);
+    for (int y = 0; y < outer.bottom - outer.top; y += 3)
+        for (int x = client.right - outer.left; x < outer.right - outer.left; ++x)
+            pixels.push_back(GetPixel(dc, x, y));
+    ReleaseDC(window, dc);
+    return pixels;
+}
+
+void RedrawFrame(HWND window) {
+    RedrawWindow(window, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE | RDW_UPDATENOW);
+}
+
+TEST_F(VirtualList, ItsFrameIsCopiedOnlyWhereTheSystemWouldDrawTheSame) {
+    ForgetKeptFrames();
+    list.SetRowCount(500);
+    RedrawFrame(list);
+    const std::vector<COLORREF> drawn = BarPixels(list);
+    ASSERT_TRUE(DrawKeptFrame(list)) << "a frame drawn whole and all on screen is kept";
+
+    // Painted over, the copy brings the frame back as the system drew it, and leaves the rows alone.
+    HDC dc = GetWindowDC(list);
+    RECT everything{0, 0, 1000, 1000};
+    HBRUSH magenta = CreateSolidBrush(RGB(255, 0, 255));
+    FillRect(dc, &everything, magenta);
+    DeleteObject(magenta);
+    ASSERT_TRUE(DrawKeptFrame(list));
+    EXPECT_EQ(BarPixels(list), drawn);
+    EXPECT_EQ(GetPixel(dc, 30, 60), RGB(255, 0, 255)) << "the rows are not part of the frame";
+    ReleaseDC(list, dc);
+
+    // Scrolled to the end, or disabled, the list looks otherwise: its frame is the system's to draw.
+    list.SendMessage(WM_KEYDOWN, VK_END, 0);
+    EXPECT_FALSE(DrawKeptFrame(list));
+    RedrawFrame(list);
+    EXPECT_NE(BarPixels(list), drawn) << "the thumb moved down";
+    EXPECT_TRUE(DrawKeptFrame(list));
+    EnableWindow(list, FALSE);
+    EXPECT_FALSE(DrawKeptFrame(list));
+    EnableWindow(list, TRUE);
+
+    // Partly covered by another window, what the screen shows there is not the frame's.
+    ForgetKeptFrames();
+    HWND cover = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 280, 0, 40, 40, parent, nullptr,
+                                 nullptr, nullptr);
+    SetWindowPos(cover, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    RedrawFrame(list);
+    EXPECT_FALSE(DrawKeptFrame(list));
+    DestroyWindow(cover);
 }
 
 constexpr int kColumns = 3;
