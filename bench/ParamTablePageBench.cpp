@@ -282,9 +282,10 @@ HWND OpenGridFrame(HWND host, GridFrame kind) {
     }();
     HWND frame = CreateWindowExW(WS_EX_CONTROLPARENT, MAKEINTATOM(frameClass), L"", WS_CHILD, 0, 0, 660, 480,
                                  host, nullptr, GetModuleHandleW(nullptr), nullptr);
-    HWND list = CreateWindowExW(0, WC_LISTVIEWW, L"",
-                                WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA |
-                                    LVS_NOSORTHEADER,
+    // Made as a described page makes a grid's list.
+    HWND list = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, L"",
+                                WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPCHILDREN | LVS_REPORT |
+                                    LVS_OWNERDATA | LVS_NOSORTHEADER | LVS_NOCOLUMNHEADER,
                                 10, 10, 640, 400, frame, nullptr, GetModuleHandleW(nullptr), nullptr);
     SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
     if (kind == GridFrame::Bare)
