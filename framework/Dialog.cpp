@@ -22,9 +22,7 @@ void DDX_Control(CDataExchange* dx, int id, CWnd& control) {
 void DDX_Text(CDataExchange* dx, int id, std::wstring& value) {
     HWND item = dx->Item(id);
     if (dx->Saving()) {
-        const int length = ::GetWindowTextLengthW(item);
-        value.assign(static_cast<std::size_t>(length) + 1, L'\0');
-        value.resize(static_cast<std::size_t>(::GetWindowTextW(item, value.data(), length + 1)));
+        value = CWnd(item).GetWindowText();
     } else {
         ::SetWindowTextW(item, value.c_str());
     }

@@ -8,10 +8,6 @@
 
 namespace {
 
-bool SameRect(const RECT& a, const RECT& b) {
-    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
-}
-
 // Everything the system's drawing of a frame depends on, but the theme (a theme change forgets all).
 struct FrameLook {
     ATOM windowClass = 0;
@@ -24,8 +20,8 @@ struct FrameLook {
         int button = 0, thumbTop = 0, thumbBottom = 0;
         std::array<DWORD, CCHILDREN_SCROLLBAR + 1> states{};
         bool operator==(const Bar& other) const {
-            return SameRect(place, other.place) && button == other.button && thumbTop == other.thumbTop &&
-                   thumbBottom == other.thumbBottom && states == other.states;
+            return ::EqualRect(&place, &other.place) && button == other.button &&
+                   thumbTop == other.thumbTop && thumbBottom == other.thumbBottom && states == other.states;
         }
     } vertical, horizontal;
     std::array<COLORREF, 8> colours{};
@@ -33,7 +29,7 @@ struct FrameLook {
     bool operator==(const FrameLook& other) const {
         return windowClass == other.windowClass && style == other.style &&
                extendedStyle == other.extendedStyle && size.cx == other.size.cx && size.cy == other.size.cy &&
-               SameRect(client, other.client) && vertical == other.vertical &&
+               ::EqualRect(&client, &other.client) && vertical == other.vertical &&
                horizontal == other.horizontal && colours == other.colours;
     }
 };
@@ -102,6 +98,22 @@ constexpr std::size_t kMostKept = 4;
 std::mutex keptLock;
 std::vector<KeptFrame> kept; // the most recently kept last
 
+std::vector<KeptFrame>::iterator KeptLike(const FrameLook& look) {
+    return std::find_if(kept.begin(), kept.end(),
+                        [&look](const KeptFrame& frame) { return frame.look == look; });
+}
+
+// Copies a whole frame of `size` between the control's frame and `pixels`, either way.
+bool CopyFrame(HDC frame, HBITMAP pixels, SIZE size, bool toFrame) {
+    HDC memory = ::CreateCompatibleDC(frame);
+    const HGDIOBJ old = ::SelectObject(memory, pixels);
+    const bool copied = toFrame ? ::BitBlt(frame, 0, 0, size.cx, size.cy, memory, 0, 0, SRCCOPY)
+                                : ::BitBlt(memory, 0, 0, size.cx, size.cy, frame, 0, 0, SRCCOPY);
+    ::SelectObject(memory, old);
+    ::DeleteDC(memory);
+    return copied;
+}
+
 HDC FrameDC(HWND window) {
     return ::GetDCEx(window, nullptr, DCX_WINDOW | DCX_CACHE | DCX_CLIPSIBLINGS);
 }
@@ -122,7 +134,7 @@ bool Uncovered(HWND window, const RECT& windowRect) {
         RECT inside{}, clipped{};
         ::GetClientRect(parent, &inside);
         ::MapWindowPoints(parent, nullptr, reinterpret_cast<POINT*>(&inside), 2);
-        if (!::IntersectRect(&clipped, &windowRect, &inside) || !SameRect(clipped, windowRect))
+        if (!::IntersectRect(&clipped, &windowRect, &inside) || !::EqualRect(&clipped, &windowRect))
             return false;
         for (HWND above = ::GetWindow(level, GW_HWNDPREV); above; above = ::GetWindow(above, GW_HWNDPREV)) {
             RECT other{};
@@ -150,19 +162,14 @@ bool DrawKeptFrame(HWND window) {
     if (MouseOnBars(look, windowRect))
         return false;
     const std::lock_guard lock(keptLock);
-    const auto found = std::find_if(kept.begin(), kept.end(),
-                                    [&look](const KeptFrame& frame) { return frame.look == look; });
+    const auto found = KeptLike(look);
     if (found == kept.end())
         return false;
     HDC dc = FrameDC(window);
     if (!dc)
         return false;
     ::ExcludeClipRect(dc, look.client.left, look.client.top, look.client.right, look.client.bottom);
-    HDC memory = ::CreateCompatibleDC(dc);
-    const HGDIOBJ old = ::SelectObject(memory, found->pixels);
-    const bool drawn = ::BitBlt(dc, 0, 0, look.size.cx, look.size.cy, memory, 0, 0, SRCCOPY) != FALSE;
-    ::SelectObject(memory, old);
-    ::DeleteDC(memory);
+    const bool drawn = CopyFrame(dc, found->pixels, look.size, true);
     ::ReleaseDC(window, dc);
     return drawn;
 }
@@ -184,24 +191,15 @@ void KeepFrame(HWND window, WPARAM region) {
                           Uncovered(window, windowRect);
     ::DeleteObject(visible);
     HBITMAP pixels = onScreen ? ::CreateCompatibleBitmap(dc, look.size.cx, look.size.cy) : nullptr;
-    if (pixels) {
-        HDC memory = ::CreateCompatibleDC(dc);
-        const HGDIOBJ old = ::SelectObject(memory, pixels);
-        const bool copied = ::BitBlt(memory, 0, 0, look.size.cx, look.size.cy, dc, 0, 0, SRCCOPY) != FALSE;
-        ::SelectObject(memory, old);
-        ::DeleteDC(memory);
-        if (!copied) {
-            ::DeleteObject(pixels);
-            pixels = nullptr;
-        }
+    if (pixels && !CopyFrame(dc, pixels, look.size, false)) {
+        ::DeleteObject(pixels);
+        pixels = nullptr;
     }
     ::ReleaseDC(window, dc);
     if (!pixels)
         return;
     const std::lock_guard lock(keptLock);
-    const auto same = std::find_if(kept.begin(), kept.end(),
-                                   [&look](const KeptFrame& frame) { return frame.look == look; });
-    if (same != kept.end()) {
+    if (const auto same = KeptLike(look); same != kept.end()) {
         ::DeleteObject(same->pixels);
         kept.erase(same);
     }

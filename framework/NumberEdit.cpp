@@ -120,10 +120,7 @@ double CNumberEdit::Normalize(double value) const {
 void CNumberEdit::ShowValue() {
     if (!m_hWnd)
         return;
-    // Setting the text the edit already shows would only make it notify and redraw.
-    const std::wstring text = Format(m_value);
-    if (GetWindowText() != text)
-        ::SetWindowTextW(m_hWnd, text.c_str());
+    SetWindowTextIfChanged(Format(m_value));
 }
 
 void CNumberEdit::CommitText() {
@@ -289,7 +286,6 @@ LRESULT CALLBACK CNumberEdit::ParentProc(HWND window, UINT message, WPARAM wPara
         }
     }
     if (message == WM_NCDESTROY) {
-        RemoveSubclass(window, ParentProc, kParentSubclassId);
         if (const auto found = SpinEditsOf().find(window); found != SpinEditsOf().end()) {
             for (CNumberEdit* edit : found->second) {
                 edit->m_parent = nullptr;

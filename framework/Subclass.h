@@ -16,7 +16,8 @@ using SubclassProcedure = LRESULT(CALLBACK*)(HWND, UINT, WPARAM, LPARAM, UINT_PT
 // same id, it keeps its place and takes the new data. False for a window this process cannot
 // subclass.
 bool AddSubclass(HWND window, SubclassProcedure procedure, UINT_PTR id, DWORD_PTR data);
-// Also from inside the procedure itself, while it handles a message.
+// Also from inside the procedure itself, while it handles a message. A destroyed window takes its
+// procedures with it: nothing needs removing on WM_NCDESTROY.
 void RemoveSubclass(HWND window, SubclassProcedure procedure, UINT_PTR id);
 // Inside a procedure: the message on to the next procedure, last to the window's own.
 LRESULT NextSubclass(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

@@ -1,27 +1,11 @@
 #include "framework/Translate.h"
+#include "framework/Wnd.h"
 
 #include <windows.h>
 
 #include <cwchar>
 #include <set>
 #include <string>
-
-namespace {
-
-// Setting a window's text asks the window server each time; most texts already stand as the template
-// gave them (English, and every control the language file does not change).
-void SetTextIfChanged(HWND window, const std::wstring& text) {
-    const int length = GetWindowTextLengthW(window);
-    if (length == static_cast<int>(text.size())) {
-        std::wstring current(static_cast<std::size_t>(length) + 1, L'\0');
-        current.resize(static_cast<std::size_t>(GetWindowTextW(window, current.data(), length + 1)));
-        if (current == text)
-            return;
-    }
-    SetWindowTextW(window, text.c_str());
-}
-
-} // namespace
 
 void CTranslate::TranslateDialog(HWND dialog, unsigned templateId, const wchar_t* section) const {
     if (!dialog)
@@ -38,14 +22,14 @@ void CTranslate::TranslateDialog(HWND dialog, unsigned templateId, const wchar_t
             if (!done.insert(folded).second)
                 continue; // the first file's text wins
             if (_wcsicmp(key.c_str(), L"Caption") == 0) {
-                SetTextIfChanged(dialog, text);
+                CWnd(dialog).SetWindowTextIfChanged(text);
                 continue;
             }
             wchar_t* end = nullptr;
             const long id = std::wcstol(key.c_str(), &end, 10);
             if (end && *end == L'\0' && end != key.c_str())
                 if (HWND item = GetDlgItem(dialog, static_cast<int>(id)))
-                    SetTextIfChanged(item, text);
+                    CWnd(item).SetWindowTextIfChanged(text);
         }
     }
 }

@@ -116,9 +116,7 @@ bool CVirtualGrid::BeginEdit(const std::wstring* typed) {
 }
 
 CVirtualGrid::Verdict CVirtualGrid::Ask() {
-    const int length = ::GetWindowTextLengthW(m_edit);
-    std::wstring typed(static_cast<std::size_t>(length) + 1, L'\0');
-    typed.resize(static_cast<std::size_t>(::GetWindowTextW(m_edit, typed.data(), length + 1)));
+    const std::wstring typed = CWnd(m_edit).GetWindowText();
     // Whatever the owner does meanwhile (a message box takes the focus) must not commit twice.
     m_ending = true;
     Verdict verdict;
@@ -322,9 +320,6 @@ LRESULT CALLBACK CVirtualGrid::ListProc(HWND list, UINT message, WPARAM wParam, 
             grid.m_note = nullptr; // goes with the list
             grid.m_ending = false;
             break;
-        case WM_NCDESTROY:
-            RemoveSubclass(list, ListProc, kSubclassId);
-            break;
         default:
             break;
         }
@@ -365,9 +360,6 @@ LRESULT CALLBACK CVirtualGrid::EditProc(HWND edit, UINT message, WPARAM wParam, 
             }
             return result;
         }
-        case WM_NCDESTROY:
-            RemoveSubclass(edit, EditProc, kSubclassId);
-            break;
         default:
             break;
         }

@@ -52,7 +52,7 @@ void CVirtualList::FinishLayout() {
     if (!shown)
         SettleLayout();
     // The strip takes its place in the frame when the frame is next worked out: a list whose rows
-    // brought no scroll bar just now has not had that happen yet.
+    // brought no scroll bar just now, or whose font changed, has not had that happen yet.
     if (m_framePending)
         ::SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0,
                        SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);

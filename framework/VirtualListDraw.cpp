@@ -66,8 +66,7 @@ void CVirtualList::FitStrip() {
     // A hidden list takes the strip when its rows are laid out, often with its scroll bar.
     m_framePending = true;
     if (IsWindowVisible())
-        ::SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0,
-                       SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+        FinishLayout();
 }
 
 int CVirtualList::Margin() const {
@@ -267,9 +266,6 @@ LRESULT CALLBACK CVirtualList::DrawProc(HWND list, UINT message, WPARAM wParam, 
             self.FitStrip();
             return result;
         }
-        case WM_NCDESTROY:
-            RemoveSubclass(list, DrawProc, kDrawSubclass);
-            break;
         default:
             break;
         }

@@ -32,6 +32,12 @@ public:
         return ::PostMessageW(m_hWnd, message, wParam, lParam);
     }
     void SetWindowText(std::wstring_view text) const { ::SetWindowTextW(m_hWnd, std::wstring(text).c_str()); }
+    // Setting the text a window already shows would only make it notify and redraw, and under Wine
+    // ask the window server.
+    void SetWindowTextIfChanged(std::wstring_view text) const {
+        if (GetWindowText() != text)
+            SetWindowText(text);
+    }
     std::wstring GetWindowText() const;
     BOOL ShowWindow(int command) const { return ::ShowWindow(m_hWnd, command); }
     BOOL EnableWindow(bool enable) const { return ::EnableWindow(m_hWnd, enable); }

@@ -68,7 +68,12 @@ private:
         const SIZE line = Layout(text, format | DT_SINGLELINE, 0);
         width = line.cx + 2 * line.cy;
         BITMAPINFO info{};
-        info.bmiHeader = {sizeof(BITMAPINFOHEADER), width, -line.cy, 1, 32, BI_RGB}; // top-down rows
+        info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
+        info.bmiHeader.biWidth = width;
+        info.bmiHeader.biHeight = -line.cy; // top-down rows
+        info.bmiHeader.biPlanes = 1;
+        info.bmiHeader.biBitCount = 32;
+        info.bmiHeader.biCompression = BI_RGB;
         void* bits = nullptr;
         HDC dc = CreateCompatibleDC(m_dc);
         HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
@@ -122,7 +127,8 @@ void Note(std::string& misfits, const std::string& finding) {
 
 // A drop-down list shows the chosen item on one line in the field beside its arrow.
 std::string ComboMisfits(HWND combo, const ControlDc& dc) {
-    COMBOBOXINFO info{sizeof info};
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof info;
     if (!GetComboBoxInfo(combo, &info))
         return {};
     const SIZE room{info.rcItem.right - info.rcItem.left - 2, info.rcItem.bottom - info.rcItem.top};
@@ -147,7 +153,8 @@ std::string ListHeaderMisfits(HWND list) {
     std::string misfits;
     for (int i = 0; i < Header_GetItemCount(header); ++i) {
         wchar_t text[256] = {};
-        HDITEMW item{HDI_TEXT | HDI_WIDTH};
+        HDITEMW item{};
+        item.mask = HDI_TEXT | HDI_WIDTH;
         item.pszText = text;
         item.cchTextMax = 256;
         Header_GetItem(header, i, &item);
